@@ -1,9 +1,15 @@
 # tidemark_library(<folder> [<dependency folders>...])
 # One static library per subsystem folder under src/, named tidemark_<folder>.
 # Sources are the folder's *.cpp files; headers are included as "<folder>/<name>.h".
+# A folder without sources yet adds no target. Every library is recorded in the global
+# property TIDEMARK_LIBRARIES, which the benchmark and fuzz programs link.
 function(tidemark_library folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
   set(target tidemark_${folder})
+  set_property(GLOBAL APPEND PROPERTY TIDEMARK_LIBRARIES ${target})
   add_library(${target} STATIC ${sources})
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${target} PUBLIC fmt::fmt)

@@ -45,6 +45,10 @@ class Preprocessor {
   // Number of preprocessing errors reported since c_pre_proc_init.
   int error_count() const;
 
+  // Input unit of the file now being read: the lowest unit from 8 upwards that was
+  // free when the file was opened; 0 when no file is open.
+  int current_unit() const;
+
  private:
   struct State;
   Opener opener_;

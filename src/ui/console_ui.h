@@ -1,6 +1,9 @@
 #pragma once
-// Message boxes of the headless program: each text line becomes "TITLE: text" on a stream
-// (standard error by default).
+// The headless program's user interface. Message boxes become "TITLE: text" lines on the
+// error stream (standard error by default); listings shown in the text viewer go to the
+// output stream; commands are read line by line from the input stream. Questions and
+// choosers are put to the user only when the input is a terminal; otherwise nobody can
+// answer and the caller's batch answer holds.
 #include <iosfwd>
 
 #include "ui/ui.h"
@@ -9,12 +12,30 @@ namespace tidemark::ui {
 
 class ConsoleUi : public Ui {
  public:
-  ConsoleUi();  // writes to standard error
-  explicit ConsoleUi(std::ostream& out) : out_(&out) {}
+  // Standard input, output and error; interactive when standard input is a terminal.
+  ConsoleUi();
+  // Message boxes to `err`, nothing interactive.
+  explicit ConsoleUi(std::ostream& err);
+  ConsoleUi(std::istream& in, std::ostream& out, std::ostream& err, bool interactive);
+
   void message(std::string_view title, const std::vector<std::string>& lines) override;
+  std::optional<bool> ask(std::string_view title, std::string_view question) override;
+  std::optional<std::string> choose_file(const FileRequest& request) override;
+  std::optional<std::string> choose_folder(std::string_view title) override;
+  void show_text(std::string_view title, std::string_view text) override;
+  std::unique_ptr<Progress> progress(std::string_view title) override;
+  void show_hint(std::string_view title, const std::vector<std::string>& lines) override;
+  std::optional<std::string> next_command() override;
 
  private:
+  // Prompts on the error stream and reads one line; no value at the end of input or
+  // when the line is blank.
+  std::optional<std::string> prompt(std::string_view text);
+
+  std::istream* in_;
   std::ostream* out_;
+  std::ostream* err_;
+  bool interactive_ = false;
 };
 
 // Keeps the message boxes it was shown, for tests.

@@ -1,0 +1,97 @@
+#include "shell/session.h"
+
+#include "shell/command_text.h"
+#include "shell/not_available.h"
+
+namespace tidemark::shell {
+
+Session::Session(ProgramInfo program, Folders folders, Registry registry,
+                 std::unique_ptr<RunFiles> files, core::Random names, ui::Ui& ui,
+                 const ModuleFactories& modules)
+    : program_(std::move(program)),
+      folders_(std::move(folders)),
+      files_(std::move(files)),
+      ui_(ui),
+      modules_(modules),
+      registry_(std::move(registry)),
+      names_(names),
+      graphics_(graphics_not_available()),
+      spreadsheet_(spreadsheet_not_available()) {}
+
+void Session::error(std::string_view title, const std::vector<std::string>& lines) {
+  failed_ = true;
+  ui::report(ui_, *files_, title, lines);
+}
+
+void Session::inform(std::string_view title, const std::vector<std::string>& lines) {
+  ui::report(ui_, *files_, title, lines);
+}
+
+void Session::ignore(std::string_view command) {
+  error("COMMAND IGNORED!", {std::string(command)});
+}
+
+void Session::carried_out(std::string_view command, std::string_view log_line) {
+  files_->history(command);
+  if (!log_line.empty()) files_->log(log_line);
+}
+
+void Session::comment(std::string_view line) {
+  files_->history(line);
+  files_->log(line);
+}
+
+bool Session::ask(std::string_view title, std::string_view question, bool batch_answer) {
+  if (const auto answer = ui_.ask(title, question)) return *answer;
+  files_->log(std::string(title) + ": " + std::string(question) + " " +
+              (batch_answer ? "YES" : "NO") + " (nobody to answer: the batch answer)");
+  return batch_answer;
+}
+
+std::optional<std::string> Session::file_argument(std::string_view command, std::string_view name,
+                                                  const ui::FileRequest& request) {
+  std::string file = command_argument(command, name);
+  if (file.empty()) {
+    if (auto chosen = ui_.choose_file(request)) file = *chosen;
+  }
+  if (file.empty()) {
+    ignore(command);
+    return std::nullopt;
+  }
+  return file;
+}
+
+bool Session::run_command_file(const std::string& name) {
+  if (command_files_.open(name)) {
+    comment("!cmd file = " + name);
+    return true;
+  }
+  error("Command File Error", {"Could not open command file = " + name});
+  return false;
+}
+
+std::optional<std::string> Session::next_command() {
+  if (auto line = command_files_.next()) return line;
+  while (auto typed = ui_.next_command()) {
+    if (auto command = command_of_line(*typed)) return command;
+  }
+  return std::nullopt;
+}
+
+std::filesystem::path Session::temporary_file(std::string_view prefix, std::string_view extension) {
+  auto path = temp_file_name(folders_.temp, prefix, extension, names_);
+  files_->kill(path);
+  return path;
+}
+
+std::unique_ptr<Module> Session::make_module(int index) const {
+  const auto& factory = modules_[static_cast<std::size_t>(index - 1)];
+  if (!factory) return nullptr;
+  return factory(mode_info(index).variant);
+}
+
+bool Session::mode_built(int index) const {
+  return static_cast<bool>(modules_[static_cast<std::size_t>(index - 1)]);
+}
+
+}  // namespace tidemark::shell

@@ -1,0 +1,123 @@
+#pragma once
+// The program-wide state of one run and the services every command handler uses:
+// reporting, the command history and log, questions, and where the next command comes
+// from.
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/random.h"
+#include "data/store.h"
+#include "shell/command_files.h"
+#include "shell/folders.h"
+#include "shell/module.h"
+#include "shell/platform.h"
+#include "shell/registry.h"
+#include "shell/run_files.h"
+#include "ui/ui.h"
+
+namespace tidemark::shell {
+
+class Session;
+
+// A part of the program that may consume commands: the graph view, the data
+// spreadsheet, the simulator. Answers false when the command is not its own.
+class CommandHandler {
+ public:
+  virtual ~CommandHandler() = default;
+  virtual bool handle(std::string_view command, Session& session) = 0;
+};
+
+class Session {
+ public:
+  // `names` draws the run identifiers of temporary files; the program's generator for
+  // Monte-Carlo work is random() and is seeded by the SEED command.
+  Session(ProgramInfo program, Folders folders, Registry registry, std::unique_ptr<RunFiles> files,
+          core::Random names, ui::Ui& ui, const ModuleFactories& modules);
+
+  // Shows a message box and logs it ("TITLE: text" per line); the run's exit status
+  // becomes 1.
+  void error(std::string_view title, const std::vector<std::string>& lines);
+  // The same for a message that is not an error.
+  void inform(std::string_view title, const std::vector<std::string>& lines);
+  // "COMMAND IGNORED!" for a command that cannot be carried out.
+  void ignore(std::string_view command);
+
+  // Records a command carried out: the command in the history, `log_line` (when not
+  // empty) in the log.
+  void carried_out(std::string_view command, std::string_view log_line);
+  // A comment line ("!cmd file = ...") in both the log and the history.
+  void comment(std::string_view line);
+
+  // Asks a yes/no question; when nobody can answer, takes `batch_answer` and logs it.
+  bool ask(std::string_view title, std::string_view question, bool batch_answer);
+
+  // The file or folder a command names: its argument, else the user's choice; no value
+  // (and "COMMAND IGNORED!") when it has none and nobody chooses one.
+  std::optional<std::string> file_argument(std::string_view command, std::string_view name,
+                                           const ui::FileRequest& request);
+
+  // Opens a command file on top of the stack: "!cmd file = " + name on success, else
+  // "Could not open command file = " + name, shown and logged.
+  bool run_command_file(const std::string& name);
+
+  // The next command: from the innermost open command file, else from the user; no
+  // value at the end of input.
+  std::optional<std::string> next_command();
+
+  // Ends the program after the current command.
+  void request_exit() { exit_requested_ = true; }
+  bool exit_requested() const { return exit_requested_; }
+  bool failed() const { return failed_; }
+
+  // A fresh name in temp/ (prefix + run identifier + extension), recorded in the kill
+  // list.
+  std::filesystem::path temporary_file(std::string_view prefix, std::string_view extension);
+
+  // Makes the driver of mode `index` (1..14); null when the mode is not built yet.
+  std::unique_ptr<Module> make_module(int index) const;
+  // True when mode `index` (1..14) has a driver.
+  bool mode_built(int index) const;
+
+  const ProgramInfo& program() const { return program_; }
+  const Folders& folders() const { return folders_; }
+  RunFiles& files() { return *files_; }
+  ui::Ui& ui() { return ui_; }
+  Registry& registry() { return registry_; }
+  data::Store& store() { return store_; }
+  core::Random& random() { return random_; }
+  CommandFiles& command_files() { return command_files_; }
+
+  // The current mode index: 0 before any choice, then 1..14.
+  int mode() const { return mode_; }
+  void set_mode(int index) { mode_ = index; }
+
+  // The parts that later issues fill; until then they answer that they are not
+  // available.
+  CommandHandler& graphics() { return *graphics_; }
+  CommandHandler& spreadsheet() { return *spreadsheet_; }
+  void set_graphics(std::unique_ptr<CommandHandler> h) { graphics_ = std::move(h); }
+  void set_spreadsheet(std::unique_ptr<CommandHandler> h) { spreadsheet_ = std::move(h); }
+
+ private:
+  ProgramInfo program_;
+  Folders folders_;
+  std::unique_ptr<RunFiles> files_;
+  ui::Ui& ui_;
+  const ModuleFactories& modules_;
+  Registry registry_;
+  core::Random random_;  // the program's one generator, seeded by SEED
+  core::Random names_;   // draws the run identifiers of temporary files
+  data::Store store_;
+  CommandFiles command_files_;
+  std::unique_ptr<CommandHandler> graphics_;
+  std::unique_ptr<CommandHandler> spreadsheet_;
+  int mode_ = 0;
+  bool exit_requested_ = false;
+  bool failed_ = false;
+};
+
+}  // namespace tidemark::shell

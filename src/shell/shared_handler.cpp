@@ -1,0 +1,98 @@
+#include "shell/shared_handler.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "core/text.h"
+#include "shell/command_table.h"
+#include "shell/command_text.h"
+#include "shell/data_commands.h"
+#include "shell/modes.h"
+#include "shell/run_file_commands.h"
+
+namespace tidemark::shell {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// CD "folder": the working (default data) folder for the rest of the run.
+void change_folder(std::string_view command, Session& session) {
+  std::string folder = command_argument(command, "CD");
+  if (folder.empty()) {
+    if (auto chosen = session.ui().choose_folder("Select the New Default Folder?"))
+      folder = *chosen;
+  }
+  if (folder.empty()) return session.ignore(command);
+  std::error_code ec;
+  fs::current_path(folder, ec);
+  if (ec) return session.error("CD Error", {"Could not change to the folder " + folder});
+  session.carried_out(command_with_file("CD", folder), "!CD to " + fs::current_path(ec).string());
+}
+
+// @ "file": runs a command file. Its commands go to the history one by one as they are
+// carried out, so the history records "!cmd file = " as a comment instead of the @.
+void run_file(std::string_view command, Session& session) {
+  const ui::FileRequest request{
+      "Select the batch command file", "Batch Files (*.bat)|*.bat|All Files (*.*)|*.*|", {}, false};
+  if (const auto file = session.file_argument(command, "@", request)) {
+    session.run_command_file(*file);
+  }
+}
+
+void exit_program(std::string_view command, Session& session) {
+  if (!session.ask("Terminate the Program", "Are You Sure?", true)) return;
+  session.carried_out(core::trim(command), "EXIT");
+  session.request_exit();
+}
+
+void choose_mode(std::string_view command, Session& session) {
+  const std::string name = command_argument(command, "MODE");
+  const auto index = find_mode(name);
+  if (!index) return session.ignore(command);
+  session.set_mode(*index);
+  const std::string chosen = "MODE " + std::string(mode_info(*index).name);
+  session.carried_out(chosen, chosen);
+  if (!session.mode_built(*index)) {
+    session.error("Mode Not Available", {"The " + std::string(mode_info(*index).name) +
+                                         " mode is not available in this version."});
+  }
+}
+
+void seed(std::string_view command, Session& session) {
+  const std::string text = command_argument(command, "SEED");
+  std::uint64_t value = 0;
+  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (text.empty() || ec != std::errc() || end != text.data() + text.size()) {
+    return session.ignore(command);
+  }
+  session.random().seed(value);
+  const std::string line = "SEED " + std::to_string(value);
+  session.carried_out(line, line);
+}
+
+// Where one name begins another, the longer one comes first.
+constexpr std::array<NamedCommand, 5> kCommands{{
+    {"CD", change_folder},
+    {"@", run_file},
+    {"EXIT", exit_program},
+    {"MODE", choose_mode},
+    {"SEED", seed},
+}};
+
+}  // namespace
+
+bool handle_shared_command(std::string_view command, Session& session) {
+  if (handle_data_command(command, session)) return true;
+  if (handle_run_file_command(command, session)) return true;
+  if (dispatch(kCommands, command, session)) return true;
+  return session.graphics().handle(command, session) ||
+         session.spreadsheet().handle(command, session);
+}
+
+}  // namespace tidemark::shell

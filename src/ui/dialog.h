@@ -1,0 +1,60 @@
+#pragma once
+// A dialog described as data: a title and typed fields, each with its label, kind,
+// default and the grid it sits in. Modes describe their dialogs this way; the user
+// interface draws them, the settings files and the SET command read and write them.
+//
+//   Dialog d{"CLUSTER ANALYSIS", {{"T-Score for Increase", FieldKind::kReal, "2.0",
+//                                  "CLUSTER Parameters"}}};
+//   auto v = parse_field_value(d.fields[0], "2.5");   // FieldValue{2.5}
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace tidemark::ui {
+
+enum class FieldKind {
+  kReal,     // a real number, shown in the listing format 1PG15.5
+  kInteger,  // a 32-bit integer
+  kCheck,    // a check box: ON or OFF
+  kText,     // free text
+  kMenu,     // one of `choices`, held as its 0-based index
+};
+
+struct Field {
+  std::string label;  // as the dialog shows it; SET names the field by it
+  FieldKind kind = FieldKind::kReal;
+  std::string default_value;         // in the text form parse_field_value reads
+  std::string grid;                  // the group of fields the field is shown in
+  std::vector<std::string> choices;  // kMenu only
+};
+
+struct Dialog {
+  std::string title;
+  std::vector<Field> fields;
+
+  // Index of the field whose label equals `label` (letter case and surrounding blanks
+  // ignored); no value when there is none.
+  std::optional<std::size_t> find(std::string_view label) const;
+};
+
+// double for kReal, int for kInteger and kMenu (the choice index), bool for kCheck,
+// std::string for kText.
+using FieldValue = std::variant<double, int, bool, std::string>;
+
+// Reads `text` as a value of `field`'s kind: a finite real; a whole number in the
+// 32-bit range; ON/OFF, YES/NO, TRUE/FALSE or 1/0 for a check box; a choice named by
+// its text (letter case ignored) for a menu; any text for a text field. No value when
+// the text does not read.
+std::optional<FieldValue> parse_field_value(const Field& field, std::string_view text);
+
+// The text form of a value, which parse_field_value reads back to the same value:
+// reals in 1PG15.5 without surrounding blanks, check boxes as ON/OFF, menus as the
+// choice's text.
+std::string format_field_value(const Field& field, const FieldValue& value);
+
+// The defaults of every field of `dialog`, in field order.
+std::vector<FieldValue> default_values(const Dialog& dialog);
+
+}  // namespace tidemark::ui

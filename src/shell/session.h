@@ -43,6 +43,8 @@ class Session {
   void error(std::string_view title, const std::vector<std::string>& lines);
   // The same for a message that is not an error.
   void inform(std::string_view title, const std::vector<std::string>& lines);
+  // A failure that a lower layer has already shown and logged: the exit status becomes 1.
+  void note_failure() { failed_ = true; }
   // "COMMAND IGNORED!" for a command that cannot be carried out.
   void ignore(std::string_view command);
 

@@ -1,0 +1,83 @@
+#include "shell/settings_file.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/scratch.h"
+
+namespace tidemark::shell {
+namespace {
+
+using testing_support::Scratch;
+using ui::FieldKind;
+
+ui::Dialog cluster_like() {
+  return {"CLUSTER ANALYSIS",
+          {{"# Points for Peak", FieldKind::kInteger, "2", "CLUSTER Parameters", {}},
+           {"T-Score for Increase", FieldKind::kReal, "2.0", "CLUSTER Parameters", {}},
+           {"Show Outliers", FieldKind::kCheck, "ON", "Graph", {}},
+           {"Title", FieldKind::kText, "LH", "Graph", {}},
+           {"Criterion", FieldKind::kMenu, "Least Squares", "Fit", {"Least Squares", "Min-Max"}}}};
+}
+
+// Reals are written as gfortran writes them with (1PG15.5): 2.5 -> "     2.5000    ".
+TEST(SettingsFile, RealsAreWrittenInTheListingFormat) {
+  const ui::Dialog d = cluster_like();
+  auto values = ui::default_values(d);
+  values[1] = 2.5;
+  EXPECT_EQ(settings_text(d, values),
+            "# Points for Peak = 2\n"
+            "T-Score for Increase =      2.5000    \n"
+            "Show Outliers = ON\n"
+            "Title = LH\n"
+            "Criterion = Least Squares\n");
+}
+
+TEST(SettingsFile, ValuesSurviveAWriteAndARead) {
+  Scratch dir;
+  const ui::Dialog d = cluster_like();
+  std::vector<ui::FieldValue> values{5, 3.25, false, std::string("GH"), 1};
+  dir.write("do_test.ini", settings_text(d, values));
+  EXPECT_EQ(read_settings(dir / "do_test.ini", d), values);
+}
+
+// A settings file counts only when every field reads: otherwise all defaults hold.
+TEST(SettingsFile, AMissingFileOrAnyBadOrMissingFieldGivesNoValues) {
+  Scratch dir;
+  const ui::Dialog d = cluster_like();
+  const std::string good = settings_text(d, ui::default_values(d));
+  const std::string cases[] = {
+      good.substr(0, good.find("Title")),                              // fields missing
+      good + "Unknown Field = 3\n",                                    // a field the dialog lacks
+      "# Points for Peak = two\n" + good.substr(good.find('\n') + 1),  // a bad value
+  };
+  EXPECT_EQ(read_settings(dir / "none.ini", d), std::nullopt);
+  for (const std::string& text : cases) {
+    dir.write("do_bad.ini", text);
+    EXPECT_EQ(read_settings(dir / "do_bad.ini", d), std::nullopt) << text;
+  }
+}
+
+TEST(SettingsFile, AssignmentsAreRefusedNamingTheFieldAndChangeNothing) {
+  const ui::Dialog d = cluster_like();
+  auto values = ui::default_values(d);
+  const auto before = values;
+  EXPECT_EQ(assign_field(d, {"T-Score for Increase", "abc"}, values),
+            "\"abc\" is not a valid value for the field \"T-Score for Increase\" (a real number)");
+  EXPECT_EQ(assign_field(d, {"No Such", "1"}, values),
+            "The dialog \"CLUSTER ANALYSIS\" has no field \"No Such\"");
+  EXPECT_EQ(values, before);
+  EXPECT_EQ(assign_field(d, {"t-score for increase", "2.5"}, values), "");
+  EXPECT_EQ(std::get<double>(values[1]), 2.5);
+}
+
+TEST(SettingsFile, AnAssignmentSplitsAtItsFirstEqualsSign) {
+  const auto a = split_assignment(" Title = a = b ");
+  ASSERT_TRUE(a);
+  EXPECT_EQ(a->label, "Title");
+  EXPECT_EQ(a->value, "a = b");
+  EXPECT_FALSE(split_assignment("no sign"));
+  EXPECT_FALSE(split_assignment(" = 3"));
+}
+
+}  // namespace
+}  // namespace tidemark::shell

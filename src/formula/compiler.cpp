@@ -100,7 +100,7 @@ class Compiler {
       depth += f_[j] == '(' ? 1 : f_[j] == ')' ? -1 : 0;
       if (depth == 0) return false;
     }
-    return true;
+    return depth == 1;
   }
 
   // The function code when f[b, e) is a function name followed by one enclosed

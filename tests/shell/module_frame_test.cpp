@@ -1,0 +1,134 @@
+#include "shell/module_frame.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "core/fortran_format.h"
+#include "shell/session_fixture.h"
+
+namespace tidemark::shell {
+namespace {
+
+using testing_support::data_set;
+using testing_support::Scratch;
+using testing_support::SessionFixture;
+using Lines = std::vector<std::string>;
+
+// A small mode for the tests: its listing holds the dialog's values and the number of
+// points of the current data set.
+class EchoModule : public Module {
+ public:
+  const ui::Dialog& dialog() const override { return dialog_; }
+  std::string settings_file() const override { return "do_echo.ini"; }
+  std::vector<std::string> prefixes() const override { return {"ECHO"}; }
+  Outcome calculate(ModuleContext& c) override {
+    if (c.store.current().size() < 3) return Outcome::error({"Too few points"});
+    std::ofstream(c.listing) << "Scale = " << core::format_g15_5(std::get<double>(c.values[0]))
+                             << "\nCycles = " << std::get<int>(c.values[1])
+                             << "\nPoints = " << c.store.current().size() << "\n";
+    results_ = true;
+    return Outcome::success();
+  }
+  bool store_results() override { return stored_ = results_; }
+  bool recall_results() override { return stored_; }
+
+ private:
+  ui::Dialog dialog_{"ECHO TEST",
+                     {{"Scale", ui::FieldKind::kReal, "2.0", "Parameters", {}},
+                      {"Cycles", ui::FieldKind::kInteger, "10", "Parameters", {}}}};
+  bool results_ = false;
+  bool stored_ = false;
+};
+
+// The echo mode stands in for Cluster8 (index 3) and Concordance (index 4).
+ModuleFactories echo_modes() {
+  ModuleFactories modes;
+  modes[2] = [](int) { return std::make_unique<EchoModule>(); };
+  modes[3] = [](int) { return std::make_unique<EchoModule>(); };
+  return modes;
+}
+
+class ModuleFrame : public testing::Test {
+ protected:
+  ModuleFrame() : f(echo_modes()) { f.session->store().append(data_set("lh.dat", "LH", 5)); }
+  std::filesystem::path settings() const { return f.session->folders().system / "do_echo.ini"; }
+  SessionFixture f;
+};
+
+TEST_F(ModuleFrame, SetChangesOneFieldAndSaveParametersWritesTheSettingsFile) {
+  f.run({"MODE Cluster8", "SET cycles = 7", "SAVE_PARAMETERS"});
+  // 2.0 as gfortran writes it with (1PG15.5).
+  EXPECT_EQ(Scratch::read(settings()), "Scale =      2.0000    \nCycles = 7\n");
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SET Cycles = 7", "SAVE_PARAMETERS"}));
+  EXPECT_FALSE(f.session->failed());
+}
+
+// What ECHO_VIEW shows after ECHO_CALCULATE when do_echo.ini holds `settings`.
+std::string listing_with_settings(SessionFixture& f, const std::string& settings) {
+  std::ofstream(f.session->folders().system / "do_echo.ini") << settings;
+  f.run({"MODE Cluster8", "ECHO_CALCULATE", "ECHO_VIEW"});
+  return f.ui.texts.empty() ? "" : f.ui.texts[0];
+}
+
+TEST_F(ModuleFrame, TheSettingsFileIsReadOnEntry) {
+  // 4.5 as gfortran writes it with (1PG15.5).
+  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = 3\n"),
+            "Scale =      4.5000    \nCycles = 3\nPoints = 5\n");
+}
+
+TEST_F(ModuleFrame, ASettingsFileWithABadFieldGivesAllTheDefaults) {
+  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = three\n"),
+            "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
+}
+
+TEST_F(ModuleFrame, RefusedSettingsAndComputationErrorsAreTitledWithTheMode) {
+  f.session->store().append(data_set("short.dat", "S", 2));
+  f.run({"MODE Cluster8", "SET Scale = big", "SET Colour = red", "ECHO_CALCULATE"});
+  EXPECT_EQ(f.ui.shown(),
+            (Lines{"Error Reported by Cluster8: \"big\" is not a valid value for the field "
+                   "\"Scale\" (a real number)",
+                   "Error Reported by Cluster8: The dialog \"ECHO TEST\" has no field \"Colour\"",
+                   "Error Reported by Cluster8: Too few points"}));
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8"}));
+  EXPECT_TRUE(f.session->failed());
+}
+
+TEST_F(ModuleFrame, StoreAndRecallConfirmOrRefuse) {
+  f.run({"MODE Cluster8", "RECALL_RESULTS", "ECHO_CALCULATE", "STORE_RESULTS", "RECALL_RESULTS"});
+  EXPECT_EQ(f.ui.shown(),
+            (Lines{"Cluster8: No results have been stored.", "Cluster8: Current Results Stored",
+                   "Cluster8: Current Results Recalled"}));
+}
+
+TEST_F(ModuleFrame, ViewingOrCopyingBeforeACalculationIsRefusedAndCopiesAfterIt) {
+  Scratch out;
+  const std::string copy = (out / "copy.lst").string();
+  f.run({"MODE Cluster8", "ECHO_VIEW", "ECHO_CALCULATE", "COPY_LST \"" + copy + "\""});
+  EXPECT_EQ(f.ui.shown().size(), 1u);
+  EXPECT_EQ(Scratch::read(copy), "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
+}
+
+TEST_F(ModuleFrame, SharedCommandsComeFirstAndUnknownOnesAreIgnored) {
+  f.run({"MODE Cluster8", "SEED 42", "CLUSTER_NONSENSE", "ECHO_CALCULATE"});
+  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: CLUSTER_NONSENSE"}));
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SEED 42", "ECHO_CALCULATE"}));
+}
+
+TEST_F(ModuleFrame, ListingAndFixFileNamesGoToTheKillList) {
+  f.run({"MODE Cluster8"});
+  const std::string kill = Scratch::read(f.session->files().kill_path());
+  EXPECT_NE(kill.find("/LIST_"), std::string::npos);
+  EXPECT_NE(kill.find("/FIX_"), std::string::npos);
+}
+
+// After a two-series mode with one data set, the shell passes one command to the shared
+// handler before a driver runs again: the first ECHO_CALCULATE is nobody's command.
+TEST_F(ModuleFrame, LeavingATwoSeriesModeWithOneSetGivesTheSharedHandlerOneCommand) {
+  f.run({"MODE Concordance", "MODE Cluster8", "ECHO_CALCULATE", "ECHO_CALCULATE"});
+  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: ECHO_CALCULATE"}));
+  EXPECT_EQ(f.history(), (Lines{"MODE Concordance", "MODE Cluster8", "ECHO_CALCULATE"}));
+}
+
+}  // namespace
+}  // namespace tidemark::shell

@@ -1,0 +1,106 @@
+#pragma once
+// A session in a fresh program folder, driven by a scripted user interface: commands
+// and answers are queued up front, and what the program showed is kept for the test.
+#include <deque>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "shell/mode_loop.h"
+#include "shell/scratch.h"
+#include "shell/session.h"
+#include "ui/console_ui.h"
+
+namespace tidemark::testing_support {
+
+class ScriptedUi : public ui::RecordingUi {
+ public:
+  std::deque<std::string> commands;
+  std::deque<bool> answers;  // answers to questions; none left means nobody answers
+  std::vector<std::string> texts;
+  std::vector<std::string> dialogs;
+  int hints = 0;
+
+  std::optional<std::string> next_command() override {
+    if (commands.empty()) return std::nullopt;
+    std::string c = commands.front();
+    commands.pop_front();
+    return c;
+  }
+  std::optional<bool> ask(std::string_view, std::string_view) override {
+    if (answers.empty()) return std::nullopt;
+    const bool a = answers.front();
+    answers.pop_front();
+    return a;
+  }
+  void show_text(std::string_view, std::string_view text) override { texts.emplace_back(text); }
+  void show_dialog(const ui::Dialog& d, const std::vector<ui::FieldValue>&) override {
+    dialogs.push_back(d.title);
+  }
+  void show_hint(std::string_view, const std::vector<std::string>&) override { ++hints; }
+
+  // Every line of every message box, as "TITLE: text".
+  std::vector<std::string> shown() const {
+    std::vector<std::string> lines;
+    for (const auto& box : boxes()) {
+      for (const auto& line : box.lines) lines.push_back(box.title + ": " + line);
+    }
+    return lines;
+  }
+};
+
+// A data set of `n` points named `file` with handle `handle`.
+inline data::DataSet data_set(const std::string& file, const std::string& handle, int n) {
+  data::DataSet set;
+  set.file_name = file;
+  set.handle = handle;
+  for (int i = 0; i < n; ++i) {
+    set.push_point(
+        {static_cast<float>(10 * i), 1.0f + static_cast<float>(i), 0.1f, 2.0f, 0, 0, 0, 0});
+  }
+  return set;
+}
+
+class SessionFixture {
+ public:
+  explicit SessionFixture(shell::ModuleFactories modules = {}) : modules_(std::move(modules)) {
+    std::string error;
+    auto folders = shell::prepare_folders(home_.path(), error);
+    core::Random names(5);
+    auto files = shell::RunFiles::create(folders->temp, names, "Tidemark test", "test", error);
+    session =
+        std::make_unique<shell::Session>(shell::ProgramInfo{"Tidemark", "test"}, *folders,
+                                         shell::Registry{}, std::move(files), names, ui, modules_);
+  }
+
+  // Runs the queued commands through the mode loop until the input ends.
+  void run(std::vector<std::string> commands) {
+    ui.commands.insert(ui.commands.end(), commands.begin(), commands.end());
+    shell::run_mode_loop(*session);
+  }
+
+  // The history without its first line.
+  std::vector<std::string> history() const {
+    return lines_after_first(session->files().history_path());
+  }
+  std::vector<std::string> log() const { return lines_after_first(session->files().log_path()); }
+
+  Scratch home_;
+  ScriptedUi ui;
+  std::unique_ptr<shell::Session> session;
+
+ private:
+  static std::vector<std::string> lines_after_first(const std::filesystem::path& file) {
+    std::istringstream in(Scratch::read(file));
+    std::vector<std::string> lines;
+    std::string line;
+    std::getline(in, line);
+    while (std::getline(in, line)) lines.push_back(line);
+    return lines;
+  }
+  shell::ModuleFactories modules_;
+};
+
+}  // namespace tidemark::testing_support

@@ -1,0 +1,129 @@
+#include "shell/shared_handler.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/session_fixture.h"
+
+namespace tidemark::shell {
+namespace {
+
+using testing_support::data_set;
+using testing_support::Scratch;
+using testing_support::SessionFixture;
+using Lines = std::vector<std::string>;
+
+TEST(ModeLoop, WithoutDataChoosingAModeChangesOnlyTheIndexAndTheHintComesBack) {
+  SessionFixture f;
+  f.run({"MODE cluster8", "MODE NoSuchMode"});
+  EXPECT_EQ(f.session->mode(), 3);
+  EXPECT_TRUE(f.ui.dialogs.empty());
+  EXPECT_EQ(f.ui.hints, 3);  // before each of the two commands, and before the end of input
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8"}));
+}
+
+TEST(ModeLoop, AModeNotBuiltYetSaysSoAndStaysChosen) {
+  SessionFixture f;
+  f.session->store().append(data_set("lh.dat", "LH", 5));
+  f.run({"MODE Periodic", "PERIODIC_CALCULATE"});
+  EXPECT_EQ(f.ui.shown(),
+            (Lines{"Mode Not Available: The Periodic mode is not available in this version.",
+                   "Error Reported by Periodic: The Periodic mode is not available in this "
+                   "version."}));
+  EXPECT_EQ(f.session->mode(), 9);
+}
+
+TEST(SharedHandler, ExitAnsweredNoChangesNothingAndTheRunGoesOn) {
+  SessionFixture f;
+  f.ui.answers = {false};
+  f.run({"EXIT", "SEED 9", "EXIT"});
+  EXPECT_EQ(f.history(), (Lines{"SEED 9", "EXIT"}));
+  EXPECT_FALSE(f.session->failed());
+  const Lines log = f.log();
+  EXPECT_EQ(log.back(), "EXIT");
+  EXPECT_EQ(log[log.size() - 2],
+            "Terminate the Program: Are You Sure? YES (nobody to answer: the batch answer)");
+}
+
+TEST(SharedHandler, SelectFindsASetByHandleOrFileNameAndIgnoresAnyOtherName) {
+  SessionFixture f;
+  auto& store = f.session->store();
+  store.append(data_set("/data/lh.dat", "LH", 3));
+  store.append(data_set("/data/gh.dat", "GH", 3));
+  store.append(data_set("/data/fsh.dat", "FSH", 3));
+  EXPECT_TRUE(handle_shared_command("SELECT LH", *f.session));
+  EXPECT_EQ(store.current_index(), 0);
+  EXPECT_TRUE(handle_shared_command("select \"gh.dat\"", *f.session));
+  EXPECT_EQ(store.current_index(), 1);
+  EXPECT_TRUE(handle_shared_command("SELECT nothing", *f.session));
+  EXPECT_EQ(store.current_index(), 1);
+  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: SELECT nothing"}));
+  const Lines log = f.log();
+  EXPECT_NE(std::find(log.begin(), log.end(), "SELECTED FILE -/data/gh.dat"), log.end());
+}
+
+TEST(SharedHandler, AFailedCopyNamesTheFileKindAndTheErrorCode) {
+  SessionFixture f;
+  Scratch out;
+  const std::string target = (out / "log copy.txt").string();
+  handle_shared_command("COPY_LOG \"" + target + "\"", *f.session);
+  EXPECT_EQ(Scratch::read(target).rfind("! LOG file created by ", 0), 0u);
+  handle_shared_command("COPY_CMD \"" + (out / "no/such/folder.bat").string() + "\"", *f.session);
+  const Lines shown = f.ui.shown();
+  ASSERT_GE(shown.size(), 2u);
+  // ENOENT is 2 on Linux (errno-base.h).
+  EXPECT_EQ(shown[0], "Did not copy!: CMD file did not copy!");
+  EXPECT_EQ(shown[1], "Did not copy!: error =2");
+  EXPECT_EQ(f.history(), (Lines{"COPY_LOG \"" + target + "\""}));
+}
+
+TEST(SharedHandler, ACommandThatNeedsAFileNameAndHasNoneIsIgnored) {
+  SessionFixture f;
+  for (const char* command : {"READ_NATIVE", "SAVE_AS_LOG", "@", "CD"}) {
+    EXPECT_TRUE(handle_shared_command(command, *f.session));
+  }
+  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: READ_NATIVE", "COMMAND IGNORED!: SAVE_AS_LOG",
+                                 "COMMAND IGNORED!: @", "COMMAND IGNORED!: CD"}));
+}
+
+TEST(SharedHandler, WritingWithoutDataIsIgnoredAndResetEmptiesTheStore) {
+  SessionFixture f;
+  EXPECT_TRUE(handle_shared_command("WRITE_NATIVE \"x.dat\"", *f.session));
+  f.session->store().append(data_set("lh.dat", "LH", 3));
+  EXPECT_TRUE(handle_shared_command("reset", *f.session));
+  EXPECT_EQ(f.session->store().count(), 0);
+  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: WRITE_NATIVE \"x.dat\""}));
+  EXPECT_EQ(f.history(), (Lines{"RESET"}));
+}
+
+TEST(SharedHandler, GraphicsAndSpreadsheetCommandsAnswerThatTheyAreNotAvailable) {
+  SessionFixture f;
+  for (const char* command : {"LOAD_GRAF \"a.grf\"", "NEXT_GRAPH", "SPREADSHEET_OPEN"}) {
+    EXPECT_TRUE(handle_shared_command(command, *f.session)) << command;
+  }
+  const Lines shown = f.ui.shown();
+  ASSERT_EQ(shown.size(), 6u);
+  EXPECT_EQ(shown[0], "Graphics: Graphics are not available in this version.");
+  EXPECT_EQ(shown[4], "Data SpreadSheet: The data spreadsheet is not available in this version.");
+  EXPECT_TRUE(f.session->failed());
+}
+
+// A file that runs itself: ten levels open, the eleventh is refused, and the failing
+// command inside does not stop any of the files.
+TEST(CommandFileRuns, NestingStopsAtTenAndFailuresDoNotStopAFile) {
+  SessionFixture f;
+  Scratch dir;
+  const auto self = dir / "self.cmd";
+  dir.write("self.cmd", "BOGUS\n@ \"" + self.string() + "\"\nSEED 1\n");
+  f.run({"@ \"" + self.string() + "\""});
+  const Lines shown = f.ui.shown();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), "COMMAND IGNORED!: BOGUS"), 10);
+  EXPECT_EQ(std::count(shown.begin(), shown.end(),
+                       "Command File Error: Could not open command file = " + self.string()),
+            1);
+  const Lines history = f.history();
+  EXPECT_EQ(std::count(history.begin(), history.end(), "!cmd file = " + self.string()), 10);
+  EXPECT_EQ(std::count(history.begin(), history.end(), "SEED 1"), 10);
+}
+
+}  // namespace
+}  // namespace tidemark::shell

@@ -19,8 +19,13 @@ std::string stars(int w) {
   return std::string(static_cast<std::size_t>(std::max(w, 0)), '*');
 }
 
-bool valid_descriptor(int w, int d, int e) {
-  return w >= 1 && d >= 0 && e >= 0;
+// Scale factors beyond this are refused, which keeps every digit count bounded.
+constexpr int kMaxScale = 1000;
+
+// Whether Fortran accepts the descriptor's numbers. A field that cannot hold the d
+// decimals or the e exponent digits is left to the overflow rule.
+bool valid_descriptor(int w, int d, int e, int scale) {
+  return w >= 1 && d >= 0 && e >= 0 && scale >= -kMaxScale && scale <= kMaxScale;
 }
 
 // `text` right-justified in a field of width w, or '*'s when it does not fit.
@@ -117,7 +122,7 @@ std::string lay_out_exponent(bool negative, bool zero, const Decimal& dec, int d
 
 // The E form of a finite value.
 std::string exponent_form(double value, int w, int d, int e, int k) {
-  if (k <= -d || k >= d + 2) return stars(w);
+  if (d >= w || e >= w || k <= -d || k > d + 1) return stars(w);
   Decimal dec;
   detail::round_significant(std::fabs(value), k > 0 ? d + 1 : d + k, dec);
   return lay_out_exponent(std::signbit(value), value == 0, dec, d, e, k, w);
@@ -144,8 +149,9 @@ int g_exponent(double magnitude, int d) {
 }  // namespace
 
 std::string format_f(double value, int w, int d, int scale) {
-  if (!valid_descriptor(w, d, 0)) return stars(w);
+  if (!valid_descriptor(w, d, 0, scale)) return stars(w);
   if (!std::isfinite(value)) return non_finite(value, w);
+  if (d >= w) return stars(w);
   const double magnitude = std::fabs(value);
   // With w or more integer digits the field overflows; skip rounding such values.
   if (magnitude >= std::pow(10.0, w - scale)) return stars(w);
@@ -156,14 +162,15 @@ std::string format_f(double value, int w, int d, int scale) {
 }
 
 std::string format_e(double value, int w, int d, int e, int scale) {
-  if (!valid_descriptor(w, d, e)) return stars(w);
+  if (!valid_descriptor(w, d, e, scale)) return stars(w);
   if (!std::isfinite(value)) return non_finite(value, w);
   return exponent_form(value, w, d, e, scale);
 }
 
 std::string format_g(double value, int w, int d, int e, int scale) {
-  if (!valid_descriptor(w, d, e)) return stars(w);
+  if (!valid_descriptor(w, d, e, scale)) return stars(w);
   if (!std::isfinite(value)) return non_finite(value, w);
+  if (d >= w || e >= w) return stars(w);
   const int exponent = d == 0 ? -1 : g_exponent(std::fabs(value), d);
   if (exponent < 0) return exponent_form(value, w, d, e, scale);
   const int blanks = e == 0 ? 4 : e + 2;
@@ -174,7 +181,7 @@ std::string format_g(double value, int w, int d, int e, int scale) {
 }
 
 std::string format_i(long long value, int w, int m) {
-  if (w < 1) return stars(w);
+  if (w < 1 || m > w) return stars(w);
   const unsigned long long magnitude = value < 0 ? 0ULL - static_cast<unsigned long long>(value)
                                                  : static_cast<unsigned long long>(value);
   char digits[24];

@@ -106,6 +106,7 @@ TEST(FortranFormat, DescriptorsFortranRejectsFillTheFieldWithStars) {
   EXPECT_EQ(format_g(3e9, 12, 4, 0, 6), "************");   // E form of 6PG12.4
   EXPECT_EQ(format_g(3.0, 10, 0), "**********");           // G10.0 is E10.0
   EXPECT_EQ(format_f(1.0, 6, -1), "******");
+  EXPECT_EQ(format_f(1.0, 6, 2, 5000), "******");  // beyond the largest scale factor
   EXPECT_EQ(format_e(1.0, 6, 2, -1), "******");
   EXPECT_EQ(format_f(1.0, 0, 2), "");
   EXPECT_EQ(format_i(1, 0), "");

@@ -1,5 +1,7 @@
 #include "core/decimal_rounding.h"
 
+#include <fmt/compile.h>
+
 #include <iterator>
 
 namespace tidemark::core::detail {
@@ -72,14 +74,14 @@ void round_digits(int keep, Decimal& out) {
 
 void round_significant(double magnitude, int count, Decimal& out) {
   Text text;
-  fmt::format_to(std::back_inserter(text), "{:.{}e}", magnitude, count - 1);
+  fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:.{}e}"), magnitude, count - 1);
   read_scientific(text, out);
 }
 
 void round_at_place(double magnitude, int place, Decimal& out) {
   Text text;
   if (place <= 0) {
-    fmt::format_to(std::back_inserter(text), "{:.{}f}", magnitude, -place);
+    fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:.{}f}"), magnitude, -place);
     read_fixed(text, out);
     return;
   }
@@ -90,7 +92,7 @@ void round_at_place(double magnitude, int place, Decimal& out) {
     out.point = 0;
     return;
   }
-  fmt::format_to(std::back_inserter(text), "{:.{}e}", magnitude, kExactDigits);
+  fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:.{}e}"), magnitude, kExactDigits);
   read_scientific(text, out);
   round_digits(out.point - place, out);
 }

@@ -47,15 +47,6 @@ Lines error_box(const Outcome& run) {
   return run.ui.boxes()[0].lines;
 }
 
-TEST(Conditioner, BlankHeadersOfTheFirstFourColumnsGetDefaults) {
-  DataSet set = series({0, 10, 20, 30});
-  set.headers = {"", "LH", "   ", "", "", "", "", ""};
-  condition_set(set);
-  const std::array<std::string, kColumnCount> expected = {"TIME", "LH", "SEM", "REPS",
-                                                          "",     "",   "",    ""};
-  EXPECT_EQ(set.headers, expected);
-}
-
 TEST(Conditioner, UncertaintyMustExceedOneHundredThousandthOfTheConcentration) {
   // The odd point is point 3 of six regular ones. Expected outcomes by hand from the
   // rule DY > 1.0E-5 * Y in single precision; "exact" rows were checked with python3
@@ -97,7 +88,7 @@ TEST(Conditioner, UncertaintyMustExceedOneHundredThousandthOfTheConcentration) {
 
 TEST(Conditioner, SortingMovesEveryColumnWithItsTimeAndIsLogged) {
   DataSet set = series({30, 0, 20, 10});
-  condition_set(set);
+  EXPECT_EQ(condition_set(set).log.lines(), Lines{"DATA_CONDITIONER: data set sorted"});
   // Point i of the input had time t = {30, 0, 20, 10}[i] and values 10 + i, 1 + 0.5 i, ...
   // so after sorting the input indices are 1, 3, 2, 0.
   EXPECT_EQ(set.x(), (std::vector<float>{0, 10, 20, 30}));
@@ -170,35 +161,41 @@ TEST(Conditioner, IrregularSpacingIsLoggedInShortFormAfterEarlierRepairs) {
                    "DATA_CONDITIONER: Serious error in data set: Irregular data spacing"}));
 }
 
-TEST(Conditioner, DoubleGapGainsOneAveragedPointWithSummedUncertainty) {
-  DataSet set = series({0, 10, 30, 40});
-  const Outcome run = condition_set(set);
-  ASSERT_TRUE(run.result.ok) << run.result.message;
-  EXPECT_EQ(run.log.lines(), Lines{"DATA_CONDITIONER: added a point after time = 10.000"});
-  // Neighbours: input points 1 (Y 11, DY 1.5) and 2 (Y 12, DY 2).
-  // Time (10 + 30) * 0.5 = 20, Y (11 + 12) * 0.5 = 11.5, DY 1.5 + 2 = 3.5, REPS 0.
-  EXPECT_EQ(set.x(), (std::vector<float>{0, 10, 20, 30, 40}));
-  EXPECT_EQ(set.y()[2], 11.5f);
-  EXPECT_EQ(set.dy()[2], 3.5f);
-  EXPECT_EQ(set.reps(), (std::vector<float>{2, 2, 0, 2, 2}));
-  for (int c = kFx1; c <= kFx4; ++c) EXPECT_EQ(set.columns[c][2], kMissing);
-}
-
-TEST(Conditioner, TripleGapGainsTwoPointsAtOneAndTwoThirds) {
-  DataSet set = series({0, 10, 40, 50});
-  const Outcome run = condition_set(set);
-  ASSERT_TRUE(run.result.ok) << run.result.message;
-  EXPECT_EQ(run.log.lines(), Lines{"DATA_CONDITIONER: added two points after time = 10.000"});
-  // Neighbours: time 10 (Y 11, DY 1.5) and time 40 (Y 12, DY 2).
-  // Times (2*10 + 40)/3 = 20 and (2*40 + 10)/3 = 30; Y 34/3 and 35/3, whose nearest
-  // floats are 11.333333015 and 11.666666985 (python3 struct 'f');
-  // DY 2*1.5 + 2 = 5 and 1.5 + 2*2 = 5.5.
-  EXPECT_EQ(set.x(), (std::vector<float>{0, 10, 20, 30, 40, 50}));
-  EXPECT_EQ(set.y()[2], 11.333333015441895f);
-  EXPECT_EQ(set.y()[3], 11.666666984558105f);
-  EXPECT_EQ(set.dy()[2], 5.0f);
-  EXPECT_EQ(set.dy()[3], 5.5f);
-  EXPECT_EQ(set.reps(), (std::vector<float>{2, 2, 0, 0, 2, 2}));
+TEST(Conditioner, GapsOfTwoAndThreeIncrementsGainBlendedPointsWithoutReplicates) {
+  // The gap's neighbours: time 10 (Y 11, DY 1.5) and the next point (Y 12, DY 2).
+  // One point: time (10 + 30) * 0.5 = 20, Y (11 + 12) * 0.5 = 11.5, DY 1.5 + 2 = 3.5.
+  // Two points: times (2*10 + 40)/3 = 20 and (2*40 + 10)/3 = 30; Y 34/3 and 35/3, whose
+  // nearest floats are 11.333333015 and 11.666666985 (python3 struct 'f');
+  // DY 2*1.5 + 2 = 5 and 1.5 + 2*2 = 5.5. Inserted points have REPS 0 and no FX values.
+  struct Case {
+    std::vector<float> times, x, y, dy, reps;
+    const char* log;
+  };
+  const Case cases[] = {
+      {{0, 10, 30, 40},
+       {0, 10, 20, 30, 40},
+       {10, 11, 11.5f, 12, 13},
+       {1, 1.5f, 3.5f, 2, 2.5f},
+       {2, 2, 0, 2, 2},
+       "DATA_CONDITIONER: added a point after time = 10.000"},
+      {{0, 10, 40, 50},
+       {0, 10, 20, 30, 40, 50},
+       {10, 11, 11.333333015441895f, 11.666666984558105f, 12, 13},
+       {1, 1.5f, 5, 5.5f, 2, 2.5f},
+       {2, 2, 0, 0, 2, 2},
+       "DATA_CONDITIONER: added two points after time = 10.000"},
+  };
+  for (const Case& c : cases) {
+    DataSet set = series(c.times);
+    const Outcome run = condition_set(set);
+    EXPECT_TRUE(run.result.ok) << run.result.message;
+    EXPECT_EQ(run.log.lines(), Lines{c.log});
+    EXPECT_EQ(set.x(), c.x);
+    EXPECT_EQ(set.y(), c.y);
+    EXPECT_EQ(set.dy(), c.dy);
+    EXPECT_EQ(set.reps(), c.reps);
+    for (int fx = kFx1; fx <= kFx4; ++fx) EXPECT_EQ(set.columns[fx][2], kMissing);
+  }
 }
 
 TEST(Conditioner, PointInsertedNextToAMissingConcentrationHasNoConcentration) {
@@ -344,8 +341,9 @@ TEST(Conditioner, ConstantCoefficientOfVariationIsWarnedAboutUnlessQuiet) {
   }
 }
 
-TEST(Conditioner, IntegerSlotsBelowMinusThousandGetDefaults) {
-  // Defaults 0, 4, 0, 5 for slots 1..4; -1000 itself is not below; slot 5 is left alone.
+TEST(Conditioner, BlankHeadersAndIntegerSlotsBelowMinusThousandGetDefaults) {
+  // Headers of X, Y, DY, REPS default to TIME, CONC, SEM, REPS; FX headers stay blank.
+  // Integer slots 1..4 default to 0, 4, 0, 5; -1000 is not below; slot 5 is left alone.
   struct Case {
     std::array<int, 5> before, after;
   };
@@ -356,8 +354,10 @@ TEST(Conditioner, IntegerSlotsBelowMinusThousandGetDefaults) {
   };
   for (const Case& c : cases) {
     DataSet set = series({0, 10, 20, 30});
+    set.headers = {"", "LH", "   ", "", "", "", "", ""};
     std::copy(c.before.begin(), c.before.end(), set.integers.begin());
     ASSERT_TRUE(condition_set(set).result.ok);
+    EXPECT_EQ(set.headers, (std::array<std::string, kColumnCount>{"TIME", "LH", "SEM", "REPS"}));
     EXPECT_TRUE(std::equal(c.after.begin(), c.after.end(), set.integers.begin()))
         << set.integers[0] << " " << set.integers[1] << " " << set.integers[2] << " "
         << set.integers[3];

@@ -31,11 +31,11 @@ std::string format_f(double value, int w, int d, int scale = 0);
 //   format_e(1e100, 12, 4)     ->  "  0.1000+101"
 std::string format_e(double value, int w, int d, int e = 0, int scale = 0);
 
-// [scale P]Gw.d[Ee]; e = 0 means no exponent width given. With the value rounded to d
-// significant digits as 0.D1...Dd × 10^X (zero counts as X = 1), 0 <= X <= d selects
-// the F form F(w-n).(d-X) followed by n blanks (n = 4, or e + 2 with Ee); otherwise, and
-// always when d = 0, the E form [scale P]Ew.d[Ee]. The scale factor only applies when
-// the value is written in E form.
+// [scale P]Gw.d[Ee]; e = 0 means no exponent width given. Zero, and |value| in
+// [b(-1), b(d)) with b(X) = 10^X × (1 - 0.5 / 10^d) computed in double arithmetic, take
+// the F form F(w-n).(d-X) followed by n blanks (n = 4, or e + 2 with Ee), X the smallest
+// with |value| < b(X) (zero: X = 1); all other values, and all when d = 0, the E form
+// [scale P]Ew.d[Ee]. The scale factor only applies when the value is written in E form.
 //   format_g(99999.4, 15, 5)   ->  "     99999.    "
 //   format_g(99999.5, 15, 5)   ->  "    0.10000E+06"
 std::string format_g(double value, int w, int d, int e = 0, int scale = 0);

@@ -7,96 +7,124 @@
 
 namespace tidemark::formula {
 
+// The top of the stack lives in `top`; the values below it in stack[1..depth-1]. A
+// push first moves `top` down to *sp (on the first push a dummy lands in stack[0]),
+// so depth d writes stack[0..d-1] only and the deepest point fits the stack exactly.
+// An operand that is followed by + - * / is combined with `top` at once instead of
+// being pushed and popped again: the same arithmetic in the same order, with half the
+// dispatches for the usual "operand operator" pairs.
 double CompiledFormula::evaluate(std::span<const double> values, int& error) {
-  double* sp = stack.data();  // one past the top of the stack
+  double* sp = stack.data();
+  double top = 0.0;
   const double* constant = immed.data();
   const auto fail = [&error](EvalError type) {
     error = type;
     return 0.0;
   };
-  for (const std::uint8_t code : byte_code) {
-    switch (code) {
-      case kPushConstant:
-        *sp++ = *constant++;
-        break;
-      case kNegate:
-        sp[-1] = -sp[-1];
-        break;
+  const std::uint8_t* const end = byte_code.data() + byte_code.size();
+  for (const std::uint8_t* pc = byte_code.data(); pc != end; ++pc) {
+    double operand;
+    if (*pc >= kFirstVariable) {
+      operand = values[*pc - kFirstVariable];
+    } else if (*pc == kPushConstant) {
+      operand = *constant++;
+    } else {
+      switch (*pc) {
+        case kNegate:
+          top = -top;
+          break;
+        case kAdd:
+          top = *--sp + top;
+          break;
+        case kSubtract:
+          top = *--sp - top;
+          break;
+        case kMultiply:
+          top = *--sp * top;
+          break;
+        case kDivide:
+          if (top == 0.0) return fail(kDivisionByZero);
+          top = *--sp / top;
+          break;
+        case kPower:
+          top = std::pow(*--sp, top);
+          break;
+        case kAbs:
+          top = std::fabs(top);
+          break;
+        case kExp:
+          top = std::exp(top);
+          break;
+        case kLog10:
+          if (top <= 0.0) return fail(kLogNegative);
+          top = std::log10(top);
+          break;
+        case kLog:
+          if (top <= 0.0) return fail(kLogNegative);
+          top = std::log(top);
+          break;
+        case kSqrt:
+          if (top < 0.0) return fail(kLogNegative);
+          top = std::sqrt(top);
+          break;
+        case kSinh:
+          top = std::sinh(top);
+          break;
+        case kCosh:
+          top = std::cosh(top);
+          break;
+        case kTanh:
+          top = std::tanh(top);
+          break;
+        case kSin:
+          top = std::sin(top);
+          break;
+        case kCos:
+          top = std::cos(top);
+          break;
+        case kTan:
+          top = std::tan(top);
+          break;
+        case kAsin:
+          if (top < -1.0 || top > 1.0) return fail(kAsinAcosIllegal);
+          top = std::asin(top);
+          break;
+        case kAcos:
+          if (top < -1.0 || top > 1.0) return fail(kAsinAcosIllegal);
+          top = std::acos(top);
+          break;
+        default:
+          top = std::atan(top);
+          break;  // kAtan, the last code below the variables
+      }
+      continue;
+    }
+    switch (pc + 1 != end ? pc[1] : 0) {
       case kAdd:
-        --sp;
-        sp[-1] += sp[0];
+        ++pc;
+        top += operand;
         break;
       case kSubtract:
-        --sp;
-        sp[-1] -= sp[0];
+        ++pc;
+        top -= operand;
         break;
       case kMultiply:
-        --sp;
-        sp[-1] *= sp[0];
+        ++pc;
+        top *= operand;
         break;
       case kDivide:
-        if (sp[-1] == 0.0) return fail(kDivisionByZero);
-        --sp;
-        sp[-1] /= sp[0];
-        break;
-      case kPower:
-        --sp;
-        sp[-1] = std::pow(sp[-1], sp[0]);
-        break;
-      case kAbs:
-        sp[-1] = std::fabs(sp[-1]);
-        break;
-      case kExp:
-        sp[-1] = std::exp(sp[-1]);
-        break;
-      case kLog10:
-        if (sp[-1] <= 0.0) return fail(kLogNegative);
-        sp[-1] = std::log10(sp[-1]);
-        break;
-      case kLog:
-        if (sp[-1] <= 0.0) return fail(kLogNegative);
-        sp[-1] = std::log(sp[-1]);
-        break;
-      case kSqrt:
-        if (sp[-1] < 0.0) return fail(kLogNegative);
-        sp[-1] = std::sqrt(sp[-1]);
-        break;
-      case kSinh:
-        sp[-1] = std::sinh(sp[-1]);
-        break;
-      case kCosh:
-        sp[-1] = std::cosh(sp[-1]);
-        break;
-      case kTanh:
-        sp[-1] = std::tanh(sp[-1]);
-        break;
-      case kSin:
-        sp[-1] = std::sin(sp[-1]);
-        break;
-      case kCos:
-        sp[-1] = std::cos(sp[-1]);
-        break;
-      case kTan:
-        sp[-1] = std::tan(sp[-1]);
-        break;
-      case kAsin:
-        if (sp[-1] < -1.0 || sp[-1] > 1.0) return fail(kAsinAcosIllegal);
-        sp[-1] = std::asin(sp[-1]);
-        break;
-      case kAcos:
-        if (sp[-1] < -1.0 || sp[-1] > 1.0) return fail(kAsinAcosIllegal);
-        sp[-1] = std::acos(sp[-1]);
-        break;
-      case kAtan:
-        sp[-1] = std::atan(sp[-1]);
+        if (operand == 0.0) return fail(kDivisionByZero);
+        ++pc;
+        top /= operand;
         break;
       default:
-        *sp++ = values[code - kFirstVariable];
+        *sp++ = top;
+        top = operand;
         break;
     }
   }
   error = kNoError;
-  return sp[-1];
+  return top;
 }
 
 }  // namespace tidemark::formula

@@ -1,7 +1,9 @@
 #include "graphics/pp_run.h"
 
+#include <array>
 #include <ctime>
 #include <filesystem>
+#include <utility>
 
 #include "core/text.h"
 #include "graphics/pp_environment.h"
@@ -108,32 +110,24 @@ Run::Outcome Run::process(std::string& buffer) {
   }
   if (is_conditional(directive)) return conditional(directive);
   if (!active_) return Outcome::kConsumed;
-  bool done = false;
-  switch (directive) {
-    case Directive::kNone:
-      buffer.assign(record_);
-      if (!substitute(buffer, symbols_)) return Outcome::kError;
-      buffer.resize(core::rtrim(buffer).size());
-      return Outcome::kEmit;
-    case Directive::kUndef:
-      done = undefine();
-      break;
-    case Directive::kDefine:
-      done = define();
-      break;
-    case Directive::kEnviron:
-      done = define_from_environment();
-      break;
-    case Directive::kInclude:
-      done = include();
-      break;
-    case Directive::kVerbose:
-      done = set_verbose();
-      break;
-    default:  // kUnknown; the conditionals were handled above
-      break;
+  if (directive == Directive::kNone) {
+    buffer.assign(record_);
+    if (!substitute(buffer, symbols_)) return Outcome::kError;
+    buffer.resize(core::rtrim(buffer).size());
+    return Outcome::kEmit;
   }
-  return done ? Outcome::kConsumed : Outcome::kError;
+  using Handler = bool (Run::*)();
+  static constexpr std::array<std::pair<Directive, Handler>, 5> kHandlers{{
+      {Directive::kUndef, &Run::undefine},
+      {Directive::kDefine, &Run::define},
+      {Directive::kEnviron, &Run::define_from_environment},
+      {Directive::kInclude, &Run::include},
+      {Directive::kVerbose, &Run::set_verbose},
+  }};
+  for (const auto& [word, handler] : kHandlers) {
+    if (word == directive) return (this->*handler)() ? Outcome::kConsumed : Outcome::kError;
+  }
+  return Outcome::kError;  // an unknown directive
 }
 
 // Inside a block nested in an inactive block only the nesting is followed.

@@ -83,11 +83,13 @@ TEST(PreprocessorInclude, AngledNameIsLookedForInDataPathThenRootPath) {
 
 TEST(PreprocessorInclude, BlockLeftOpenByAnIncludedFileEndsWithIt) {
   MemoryFiles files;
-  files.files["top"] = "#ifdef __OS__ \n#include inc\nshown\n#else \nhidden\n#endif \nend\n";
+  files.files["top"] =
+      "#ifdef __OS__ \n#include inc\nshown\n#else \nhidden\n#endif \nend\n#endif \n";
   files.files["inc"] = "#ifdef NOPE \nskipped\n#ifdef X \n";
   const auto out = run(files);
-  EXPECT_EQ(out.lines, (Lines{"shown", "end"}));
-  EXPECT_EQ(out.errors, 0);
+  // Only the outer block is open after the include, so the last #endif has none.
+  EXPECT_EQ(out.lines, (Lines{"shown", "end", ";pp error: #endif"}));
+  EXPECT_EQ(out.errors, 1);
 }
 
 TEST(PreprocessorInclude, DiskFilesAreReadThroughTheDefaultOpener) {

@@ -93,9 +93,9 @@ double CompiledFormula::evaluate(std::span<const double> values, int& error) {
           if (top < -1.0 || top > 1.0) return fail(kAsinAcosIllegal);
           top = std::acos(top);
           break;
-        default:
+        case kAtan:
           top = std::atan(top);
-          break;  // kAtan, the last code below the variables
+          break;
       }
       continue;
     }

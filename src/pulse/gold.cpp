@@ -101,6 +101,12 @@ GoldResult gold_deconvolve(const GoldInput& input, const LagKernel& kernel,
       if (!used(input.use[i])) continue;
       ++count;
       s[i] = c[i] * s[i] / m[i];
+      if (!std::isfinite(s[i])) {
+        result.status = GoldStatus::kNotFinite;
+        result.message =
+            fmt::format("the secretion at sample {} overflowed in iteration {}", i + 1, k);
+        return result;
+      }
       const double z = (m[i] - c[i]) / input.sd[i];
       r += z * z;
     }

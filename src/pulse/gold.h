@@ -42,7 +42,7 @@ enum class GoldStatus {
   kNoUsableSample,  // no sample has use >= 1: fails at the first iteration
   kNoConvergence,   // 3000 iterations without stopping
   kZeroModel,       // the model is 0 at a used sample: the correction would divide by 0
-  kNotFinite,       // the residual left the range of double precision
+  kNotFinite,       // the secretion or the residual left the range of double precision
   kInvalidInput,    // arrays or lags that do not fit together, values not finite
 };
 
@@ -70,8 +70,8 @@ struct GoldResult {
 //   stop    with success when stall >= 5 and k > 100.
 // Not stopping by iteration 3000 is a failure that keeps s and R of the last iteration.
 // Beyond that rule, the iteration also fails where it would produce non-numbers: a
-// used sample whose model is 0 (kZeroModel, before that iteration's correction) and a
-// residual that overflows (kNotFinite).
+// used sample whose model is 0 (kZeroModel, before that iteration's correction), and a
+// corrected secretion or a residual that overflows (kNotFinite).
 GoldResult gold_deconvolve(const GoldInput& input, const LagKernel& kernel,
                            const GoldOptions& options);
 

@@ -113,13 +113,32 @@ TEST(Gold, NoUsableSampleFailsAtTheFirstIterationWithoutCorrection) {
   }
 }
 
-TEST(Gold, ZeroModelAtAUsedSampleFailsInsteadOfDividingByZero) {
-  // Lags 1..1 only: nothing reaches sample 1, whose model stays 0.
-  const Series s = series({1, 2, 3});
-  const GoldResult r = deconvolve(s, kernel_from(1, {0, 1}), {1, 1, 1});
-  EXPECT_EQ(r.status, GoldStatus::kZeroModel);
-  EXPECT_EQ(r.iterations, 1);
-  EXPECT_FALSE(r.message.empty());
+TEST(Gold, FailsWhereACorrectionWouldDivideByZeroOrOverflow) {
+  // All fail in the first iteration:
+  //  - lag 1 only: nothing reaches sample 1, whose model stays 0;
+  //  - K(0) = 1e-300: m = 1e297 * 1e-300 = 1e-3, and c * s = 1e300 * 1e297 overflows;
+  //  - SD 1e-300: ((0.001 - 1) / 1e-300)^2 overflows the residual.
+  struct Case {
+    const char* what;
+    Series s;
+    std::vector<double> kernel;
+    GoldOptions options;
+    GoldStatus status;
+  };
+  Series tiny_sd = series({1, 2});
+  tiny_sd.sd.assign(2, 1e-300);
+  const Case cases[] = {
+      {"zero model", series({1, 2, 3}), {0, 1}, {1, 1, 1}, GoldStatus::kZeroModel},
+      {"secretion overflow", series({1e300}), {1e-300}, {0, 0, 1}, GoldStatus::kNotFinite},
+      {"residual overflow", tiny_sd, {1}, {0, 0, 1}, GoldStatus::kNotFinite},
+  };
+  for (const Case& c : cases) {
+    const int width = int(c.kernel.size()) - 1;
+    const GoldResult r = deconvolve(c.s, kernel_from(width, c.kernel), c.options);
+    EXPECT_EQ(r.status, c.status) << c.what;
+    EXPECT_EQ(r.iterations, 1) << c.what;
+    EXPECT_FALSE(r.message.empty()) << c.what;
+  }
 }
 
 TEST(Gold, InputsThatDoNotFitTogetherOrAreNotFiniteAreRefused) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/console_ui.h"
@@ -58,6 +59,7 @@ TEST(NativeReader, GoodFileIsAppendedMadeCurrentAndLogged) {
 // Each bad file: one box with exactly these lines, the same lines in the log, and a
 // store that still holds its two sets with the first one current.
 TEST(NativeReader, BadFileIsReportedAndLeavesTheStoreAsItWas) {
+  using namespace std::literals;
   struct Case {
     std::string text;
     std::string reason;
@@ -68,7 +70,7 @@ TEST(NativeReader, BadFileIsReportedAndLeavesTheStoreAsItWas) {
       {"1 2\n", "Data Read Error, not enough data points!"},
       {"!ANSWER(201) = 3.5\n1 2\n2 3\n", "!Invalid INDEX !ANSWER(201) = 3.5"},
       {"1 2\n2 3\n3 4.2O\n", "Native Mode Read Error Reading Data Y(3) Field"},
-      {std::string("1 2\n\0\x01\xff garbage\n", 18),
+      {std::string("1 2\n\0\x01\xff garbage\n"sv),
        "Native Mode Read Error Reading Data X(2) Field"},
       {"1 1e999\n2 3\n", "Native Mode Read Error Reading Data Y(1) Field"},
   };

@@ -39,7 +39,8 @@ std::string differences(const DataSet& a, const DataSet& b) {
   check("file_name", a.file_name, b.file_name);
   check("handle", a.handle, b.handle);
   check("ds_type", a.ds_type, b.ds_type);
-  check("crop", a.crop_start * 100000 + a.crop_end, b.crop_start * 100000 + b.crop_end);
+  check("crop_start", a.crop_start, b.crop_start);
+  check("crop_end", a.crop_end, b.crop_end);
   check("file_type", a.file_type + "/" + a.file_subtype, b.file_type + "/" + b.file_subtype);
   check("size", a.size(), b.size());
   for (int c = 0; c < kColumnCount; ++c) {

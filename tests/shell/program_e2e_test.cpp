@@ -2,11 +2,11 @@
 // each. Expected texts are the program's messages as its users see them.
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <sstream>
 
 #include "shell/program_runner.h"
 #include "shell/scratch.h"
+#include "shell/text_shape.h"
 
 namespace tidemark::testing_support {
 namespace {
@@ -66,15 +66,13 @@ TEST_F(Program, AnEmptyCommandFileCreatesTheFoldersAndRunFilesAndEndsWithStatusZ
   }
   const Lines h = history();
   ASSERT_EQ(h.size(), 3u);
-  EXPECT_TRUE(std::regex_match(
-      h[0], std::regex("! command file created by Tidemark [0-9.]+ [0-9]{4}/[0-9]{2}/[0-9]{2} "
-                       "at [0-9]{2}:[0-9]{2}:[0-9]{2}")))
+  EXPECT_TRUE(matches_shape(h[0], "! command file created by Tidemark * ####/##/## at ##:##:##"))
       << h[0];
-  EXPECT_TRUE(std::regex_match(h[1], std::regex("SEED [0-9]+"))) << h[1];
+  EXPECT_TRUE(matches_shape(h[1], "SEED #*")) << h[1];
   EXPECT_EQ(h[2], "!cmd file = " + (dir / "run.cmd").string());
   const Lines log = lines_of(Scratch::read(run_file(home(), "LOG_")));
   ASSERT_GE(log.size(), 2u);
-  EXPECT_TRUE(std::regex_match(log[1], std::regex("!  running on .+ Version .+ \\(Build .*\\)")));
+  EXPECT_TRUE(matches_shape(log[1], "!  running on * Version * (Build *)")) << log[1];
 }
 
 TEST_F(Program, DataSetsAreReadSelectedWrittenAndReset) {

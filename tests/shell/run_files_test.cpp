@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "shell/platform.h"
 #include "shell/scratch.h"
+#include "shell/text_shape.h"
 
 namespace tidemark::shell {
 namespace {
 
+using testing_support::matches_shape;
 using testing_support::Scratch;
 
 std::string first_line(const std::filesystem::path& file) {
@@ -26,13 +26,13 @@ TEST(RunFiles, FiveFilesNamedByPrefixIdentifierAndExtension) {
                                       "host Linux Version 6 (Build #1)", error);
   ASSERT_TRUE(files) << error;
   const std::pair<std::filesystem::path, const char*> expected[] = {
-      {files->history_path(), "CMD_[A-Y]{20}\\.bat"},
-      {files->log_path(), "LOG_[A-Y]{20}\\.log"},
-      {files->answers_path(), "BST_[A-Y]{20}\\.BST"},
-      {files->graph_path(), "GRF_[A-Y]{20}\\.grf"},
-      {files->kill_path(), "KILL_[A-Y]{20}\\.txt"}};
+      {files->history_path(), "CMD_@@@@@@@@@@@@@@@@@@@@.bat"},
+      {files->log_path(), "LOG_@@@@@@@@@@@@@@@@@@@@.log"},
+      {files->answers_path(), "BST_@@@@@@@@@@@@@@@@@@@@.BST"},
+      {files->graph_path(), "GRF_@@@@@@@@@@@@@@@@@@@@.grf"},
+      {files->kill_path(), "KILL_@@@@@@@@@@@@@@@@@@@@.txt"}};
   for (const auto& [path, pattern] : expected) {
-    EXPECT_TRUE(std::regex_match(path.filename().string(), std::regex(pattern))) << path;
+    EXPECT_TRUE(matches_shape(path.filename().string(), pattern)) << path;
     EXPECT_TRUE(std::filesystem::exists(path)) << path;
   }
   EXPECT_EQ(first_line(files->history_path()),

@@ -91,7 +91,8 @@ std::unique_ptr<Progress> ConsoleUi::progress(std::string_view title) {
 }
 
 void ConsoleUi::show_hint(std::string_view title, const std::vector<std::string>& lines) {
-  if (interactive_) message(title, lines);
+  if (interactive_ && !hint_shown_) message(title, lines);
+  hint_shown_ = true;
 }
 
 std::optional<std::string> ConsoleUi::next_command() {

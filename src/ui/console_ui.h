@@ -3,7 +3,8 @@
 // error stream (standard error by default); listings shown in the text viewer go to the
 // output stream; commands are read line by line from the input stream. Questions and
 // choosers are put to the user only when the input is a terminal; otherwise nobody can
-// answer and the caller's batch answer holds.
+// answer and the caller's batch answer holds. The hint shown while no data set is
+// loaded appears once, on a terminal only.
 #include <iosfwd>
 
 #include "ui/ui.h"
@@ -36,6 +37,7 @@ class ConsoleUi : public Ui {
   std::ostream* out_;
   std::ostream* err_;
   bool interactive_ = false;
+  bool hint_shown_ = false;  // a terminal user sees the start-up hint once
 };
 
 // Keeps the message boxes it was shown, for tests.

@@ -15,11 +15,10 @@ namespace fs = std::filesystem;
 
 class FileReplace : public ::testing::Test {
  protected:
+  // A fresh folder per process and test: other builds may run this suite at once.
   void SetUp() override {
-    dir_ = fs::temp_directory_path() /
-           ("tidemark_file_replace_" +
-            std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    fs::remove_all(dir_);
+    const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    dir_ = fs::temp_directory_path() / ("tidemark_replace_" + std::to_string(::getpid()) + test);
     fs::create_directories(dir_);
   }
   void TearDown() override { fs::remove_all(dir_); }
@@ -28,59 +27,41 @@ class FileReplace : public ::testing::Test {
     std::ifstream in(p, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
   }
-  static void put(const fs::path& p, const std::string& text) {
-    std::ofstream(p, std::ios::binary) << text;
-  }
-  // Number of entries in the test folder: a failed or finished write leaves no
-  // temporary file behind.
+  // Entries in the folder: a finished or failed write leaves no temporary file.
   int entries() const {
-    return static_cast<int>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
+    return int(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
   }
 
   fs::path dir_;
 };
 
-TEST_F(FileReplace, WritesTheBytesExactlyAndLeavesNothingElse) {
+TEST_F(FileReplace, ReplacesTheWholeFileWithTheExactBytes) {
+  std::ofstream(dir_ / "a.dat") << "a much longer old text that must not survive in part\n";
   const std::string text("line 1\r\nNUL \0 here\n", 19);
-  const auto r = replace_file(dir_ / "new.dat", text);
-  EXPECT_TRUE(r.ok) << r.message;
-  EXPECT_TRUE(r.message.empty());
-  EXPECT_EQ(contents(dir_ / "new.dat"), text);
+  const auto r = replace_file(dir_ / "a.dat", text);
+  EXPECT_TRUE(r.ok && r.message.empty()) << r.message;
+  EXPECT_EQ(contents(dir_ / "a.dat"), text);
   EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(FileReplace, ReplacesAnExistingFileWhole) {
-  put(dir_ / "old.dat", "a much longer old text that must not survive in part\n");
-  ASSERT_TRUE(replace_file(dir_ / "old.dat", "short\n").ok);
-  EXPECT_EQ(contents(dir_ / "old.dat"), "short\n");
-  EXPECT_EQ(entries(), 1);
-}
-
-TEST_F(FileReplace, TargetThatIsAFolderIsRefusedAndKept) {
+TEST_F(FileReplace, TargetThatIsAFolderOrInNoFolderIsRefused) {
   fs::create_directory(dir_ / "folder.dat");
-  put(dir_ / "folder.dat" / "inside", "kept");
+  std::ofstream(dir_ / "folder.dat" / "inside") << "kept";
   const auto r = replace_file(dir_ / "folder.dat", "text");
   EXPECT_FALSE(r.ok);
   EXPECT_NE(r.message.find("folder.dat"), std::string::npos) << r.message;
   EXPECT_EQ(contents(dir_ / "folder.dat" / "inside"), "kept");
+  EXPECT_FALSE(replace_file(dir_ / "no_such_folder" / "x.dat", "text").ok);
   EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(FileReplace, MissingFolderIsRefused) {
-  const auto r = replace_file(dir_ / "no_such_folder" / "x.dat", "text");
-  EXPECT_FALSE(r.ok);
-  EXPECT_FALSE(r.message.empty());
-  EXPECT_EQ(entries(), 0);
-}
-
-// A name of 240 characters is a valid file name, but the temporary name built from it
-// exceeds the 255-character limit of the file system, so the write fails before the
-// old file is touched (file permissions cannot be used: tests may run as root).
+// A 240-character name is valid, but the temporary name built from it exceeds the
+// 255-character limit, so the write fails before the old file is touched (permissions
+// cannot make it fail: tests may run as root).
 TEST_F(FileReplace, FailedWriteLeavesTheOldFileWhole) {
   const fs::path target = dir_ / (std::string(236, 'a') + ".dat");
-  put(target, "old contents\n");
-  const auto r = replace_file(target, "new contents\n");
-  EXPECT_FALSE(r.ok);
+  std::ofstream(target) << "old contents\n";
+  EXPECT_FALSE(replace_file(target, "new contents\n").ok);
   EXPECT_EQ(contents(target), "old contents\n");
   EXPECT_EQ(entries(), 1);
 }

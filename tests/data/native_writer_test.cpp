@@ -1,10 +1,8 @@
 #include "data/native_writer.h"
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <limits>
@@ -24,39 +22,9 @@ constexpr float M = core::kMissingF;
 NativeReadResult read_back(const std::string& text) {
   NativeReadOptions options;
   options.opener = [&text](const std::string& path) -> std::unique_ptr<std::istream> {
-    if (path != "mem/w.dat") return nullptr;
-    return std::make_unique<std::istringstream>(text);
+    return path == "mem/w.dat" ? std::make_unique<std::istringstream>(text) : nullptr;
   };
   return read_native_file("mem/w.dat", options);
-}
-
-// The fields in which two records differ, for a readable failure message.
-std::string differences(const DataSet& a, const DataSet& b) {
-  std::ostringstream out;
-  const auto check = [&out](const std::string& what, const auto& x, const auto& y) {
-    if (!(x == y)) out << what << ": " << x << " vs " << y << "\n";
-  };
-  check("file_name", a.file_name, b.file_name);
-  check("handle", a.handle, b.handle);
-  check("ds_type", a.ds_type, b.ds_type);
-  check("crop_start", a.crop_start, b.crop_start);
-  check("crop_end", a.crop_end, b.crop_end);
-  check("file_type", a.file_type + "/" + a.file_subtype, b.file_type + "/" + b.file_subtype);
-  check("size", a.size(), b.size());
-  for (int c = 0; c < kColumnCount; ++c) {
-    check("header " + std::to_string(c), a.headers[c], b.headers[c]);
-    for (int p = 0; p < std::min(a.size(), b.size()); ++p) {
-      check(fmt::format("column {} point {}", c, p), a.columns[c][p], b.columns[c][p]);
-    }
-  }
-  for (int i = 0; i < kAnswerCount; ++i)
-    check(fmt::format("answer {}", i + 1), a.answers[i], b.answers[i]);
-  for (int i = 0; i < kRealCount; ++i) check(fmt::format("real {}", i + 1), a.reals[i], b.reals[i]);
-  for (int i = 0; i < kIntegerCount; ++i)
-    check(fmt::format("integer {}", i + 1), a.integers[i], b.integers[i]);
-  for (int i = 0; i < kStringCount; ++i)
-    check(fmt::format("string {}", i + 1), a.strings[i], b.strings[i]);
-  return out.str();
 }
 
 DataSet small_record() {
@@ -85,71 +53,53 @@ DataSet small_record() {
 // significant digits and 4 trailing blanks for 0.1 <= |x| < 1E5, else 1P E form with 6)
 // and confirmed with gfortran 12 `write(*,'(1PG15.5)')` of the same real(4) values.
 TEST(NativeWriter, WritesOnlyTheSetFieldsInOrderWithFortranFields) {
-  const std::string expected =
-      ";!FILENAME = s07.dat\n"
-      "!HANDLE = S07 LH\n"
-      "!DSType = 1\n"
-      "!CROP_Start = 2\n"
-      "!CROP_End = 3\n"
-      "!FILESUBTYPE = native\n"
-      "!ANSWER(1) =     3.5000\n"
-      "!ANSWER(7) =     1234.5\n"
-      "!REAL(35) =    1.25000E-03\n"
-      "!INTEGER(1) = 7\n"
-      "!STRING(3) = IU per L\n"
-      "!header_x = TIME\n"
-      "!header_dy = SEM\n"
-      "     0.0000         2.0490        0.10200         2.0000      "
-      " -1.00000E+35   -1.00000E+35   -1.00000E+35   -1.00000E+35\n"
-      "     10.000        1.00000E-05   -1.00000E+35     1.0000      "
-      "  1.00000E+06   -0.50000         0.0000         99999.\n";
-  EXPECT_EQ(native_text(small_record()), expected);
+  EXPECT_EQ(native_text(small_record()),
+            ";!FILENAME = s07.dat\n"
+            "!HANDLE = S07 LH\n"
+            "!DSType = 1\n"
+            "!CROP_Start = 2\n"
+            "!CROP_End = 3\n"
+            "!FILESUBTYPE = native\n"
+            "!ANSWER(1) =     3.5000\n"
+            "!ANSWER(7) =     1234.5\n"
+            "!REAL(35) =    1.25000E-03\n"
+            "!INTEGER(1) = 7\n"
+            "!STRING(3) = IU per L\n"
+            "!header_x = TIME\n"
+            "!header_dy = SEM\n"
+            "     0.0000         2.0490        0.10200         2.0000      "
+            " -1.00000E+35   -1.00000E+35   -1.00000E+35   -1.00000E+35\n"
+            "     10.000        1.00000E-05   -1.00000E+35     1.0000      "
+            "  1.00000E+06   -0.50000         0.0000         99999.\n");
+  DataSet empty;
+  empty.handle = "none";
+  EXPECT_EQ(native_text(empty), "!HANDLE = none\n");  // no points: keyword lines only
 }
 
-TEST(NativeWriter, EmptyRecordHasKeywordLinesOnlyAndIsRefusedOnReading) {
-  DataSet set;
-  set.handle = "none";
-  EXPECT_EQ(native_text(set), "!HANDLE = none\n");
-  const auto r = read_back(native_text(set));
-  EXPECT_FALSE(r.ok);
-  EXPECT_EQ(r.messages[0].lines.back(), "Data Read Error, not enough data points!");
-}
-
-TEST(NativeWriter, NonFiniteValuesAreWrittenAsMissing) {
-  DataSet set;
-  set.answers[0] = std::numeric_limits<double>::quiet_NaN();
-  set.reals[0] = std::numeric_limits<float>::infinity();
-  set.push_point({1, std::numeric_limits<float>::quiet_NaN(), 0, 0, 0, 0, 0, 0});
-  set.push_point({2, -std::numeric_limits<float>::infinity(), 0, 0, 0, 0, 0, 0});
-  const auto r = read_back(native_text(set));
-  ASSERT_TRUE(r.ok);
-  EXPECT_TRUE(core::is_missing(r.set.answers[0]));
-  EXPECT_TRUE(core::is_missing(r.set.reals[0]));
-  EXPECT_EQ(r.set.y(), (std::vector<float>{M, M}));
-}
-
-// Every slot kind, texts with blanks, missing point values and FX4: all values have at
-// most 5 significant digits, so reading the file gives the same record again, except
-// that it is named after the file read (the writer's !FILENAME line is a comment).
+// Every slot kind, texts with blanks, missing values, FX4 and non-finite values (written
+// as missing); all values have at most 5 significant digits, so the record reads back
+// the same, except that it is named after the file read.
 TEST(NativeWriter, WriteThenReadGivesTheSameRecord) {
   DataSet set = small_record();
   set.file_type = "ASCII export";
   set.answers[199] = -2.5e-100;  // doubles keep exponents beyond single precision
-  set.answers[7] = 0.1;
   set.reals[0] = 3.4028e38f;
   set.integers[1] = core::kMissingInt;  // -32760 counts as missing and reads back as this
-  set.integers[8] = -32759;             // lowest integer that is not missing
+  set.integers[8] = -32759;
   set.strings[0] = "a string, with; punctuation = and (parentheses)";
   for (int c = 0; c < kColumnCount; ++c) set.headers[c] = "Column " + std::to_string(c + 1);
   set.push_point({20, M, 0.5f, M, 1, 2, 3, 4.25f});
-  const auto r = read_back(native_text(set));
-  ASSERT_TRUE(r.ok) << r.messages[0].lines.back();
+  DataSet with_nan = set;
+  with_nan.answers[2] = std::numeric_limits<double>::quiet_NaN();
+  with_nan.columns[kY][2] = std::numeric_limits<float>::infinity();
+  const auto r = read_back(native_text(with_nan));
+  ASSERT_TRUE(r.ok);
   set.file_name = "mem/w.dat";
-  EXPECT_EQ(differences(r.set, set), "");
+  EXPECT_EQ(r.set, set) << native_text(r.set);
 }
 
-// Values m × 10^e with a 5-digit m, over the whole normal single-precision range; the
-// expected floats are the C library's strtof of the decimal text.
+// m × 10^e with a 5-digit m over the normal single-precision range; the expected values
+// are the C library's strtof / strtod of the decimal text.
 TEST(NativeWriter, FiveDigitValuesRoundTripExactlyAtEveryMagnitude) {
   DataSet set;
   int m = 10007;
@@ -164,40 +114,26 @@ TEST(NativeWriter, FiveDigitValuesRoundTripExactlyAtEveryMagnitude) {
   const auto r = read_back(native_text(set));
   ASSERT_TRUE(r.ok);
   set.file_name = "mem/w.dat";
-  EXPECT_EQ(differences(r.set, set), "");
+  EXPECT_EQ(r.set, set) << native_text(r.set);
 }
 
-class NativeWriterFile : public ::testing::Test {
- protected:
-  void SetUp() override {
-    dir_ = std::filesystem::temp_directory_path() /
-           ("tidemark_native_writer_" + std::to_string(::getpid()));
-    std::filesystem::create_directories(dir_);
-  }
-  void TearDown() override { std::filesystem::remove_all(dir_); }
-  std::filesystem::path dir_;
-  ui::RecordingUi ui_;
-  ui::MemoryLog log_;
-};
-
-TEST_F(NativeWriterFile, WriteIsLoggedAndTheFileReadsBack) {
-  const std::string path = (dir_ / "s07_.dat").string();
-  ASSERT_TRUE(write_native(small_record(), path, ui_, log_));
-  EXPECT_EQ(log_.lines(), std::vector<std::string>{"WRITE NATIVE MODE FILE"});
+TEST(NativeWriter, WriteIsLoggedAndAFailedWriteIsReportedAndKeepsTheTarget) {
+  const auto dir = std::filesystem::temp_directory_path() /
+                   ("tidemark_native_writer_" + std::to_string(::getpid()));
+  std::filesystem::create_directories(dir / "taken.dat");
+  ui::RecordingUi ui;
+  ui::MemoryLog log;
+  const bool written = write_native(small_record(), (dir / "s07_.dat").string(), ui, log);
   Store store;
-  ASSERT_TRUE(read_native(store, path, ui_, log_));
-  EXPECT_EQ(store.current().y(), small_record().y());
-}
-
-TEST_F(NativeWriterFile, FailedWriteIsReportedAndKeepsTheOldFile) {
-  const std::filesystem::path folder = dir_ / "taken.dat";
-  std::filesystem::create_directory(folder);
-  EXPECT_FALSE(write_native(small_record(), folder.string(), ui_, log_));
-  EXPECT_TRUE(std::filesystem::is_directory(folder));
-  ASSERT_EQ(ui_.boxes().size(), 1u);
-  EXPECT_EQ(ui_.boxes()[0].title, "ERROR WRITING DATA FILE");
-  EXPECT_EQ(ui_.boxes()[0].lines[0], "Could Not Write The Data File");
-  EXPECT_EQ(log_.lines().size(), 2u);  // the box's two lines, no "WRITE NATIVE MODE FILE"
+  const bool read = read_native(store, (dir / "s07_.dat").string(), ui, log);
+  const bool refused = !write_native(small_record(), (dir / "taken.dat").string(), ui, log);
+  const bool kept = std::filesystem::is_directory(dir / "taken.dat");
+  std::filesystem::remove_all(dir);
+  EXPECT_TRUE(written && read && refused && kept);
+  EXPECT_EQ(log.lines().front(), "WRITE NATIVE MODE FILE");
+  ASSERT_EQ(ui.boxes().size(), 1u);
+  EXPECT_EQ(ui.boxes()[0].title, "ERROR WRITING DATA FILE");
+  EXPECT_EQ(ui.boxes()[0].lines[0], "Could Not Write The Data File");
 }
 
 }  // namespace

@@ -154,6 +154,25 @@ TEST_F(Program, StartUpThatCannotCreateTheProgramFolderEndsWithStatusTwo) {
   EXPECT_NE(r.err.find("Serious Error: Could not create the folder"), std::string::npos);
 }
 
+TEST_F(Program, AnUnreadableRegistryIsASeriousErrorAndTheRunGoesOn) {
+  fs::create_directories(home() / "system" / "registry.ini");  // a folder cannot be read
+  const ProgramRun r = run_tidemark(home(), dir.path(), {}, "SEED 8\n");
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "Serious Error: Could not open user registry\n");
+  EXPECT_EQ(history().back(), "SEED 8");
+}
+
+TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
+  const ProgramRun r = run_tidemark(home(), dir.path(), {"-grf_view", "a.grf"},
+                                    "! a comment\nseed 12\nMODE x_apen\n");
+  EXPECT_EQ(r.status, 1);  // graphics are not available yet
+  EXPECT_EQ(r.err,
+            "Graphics: Graphics are not available in this version.\n"
+            "Graphics: LOAD_GRF \"a.grf\"\n");
+  const Lines h = history();
+  EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE X_ApEn"}));
+}
+
 // The history of a run, fed back as a command file in another folder that holds the
 // same input, writes the same data files byte for byte.
 TEST_F(Program, TheHistoryReplaysToTheSameFiles) {

@@ -168,7 +168,8 @@ TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
   EXPECT_EQ(r.status, 1);  // graphics are not available yet
   EXPECT_EQ(r.err,
             "Graphics: Graphics are not available in this version.\n"
-            "Graphics: LOAD_GRF \"a.grf\"\n");
+            "Graphics: LOAD_GRF \"a.grf\"\n"
+            "Mode Not Available: The X_ApEn mode is not available in this version.\n");
   const Lines h = history();
   EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE X_ApEn"}));
 }

@@ -31,9 +31,5 @@ TEST(CommandText, CommentAndBlankLinesHoldNoCommand) {
   EXPECT_EQ(command_of_line(std::string(1500, 'A'))->size(), 1024u);
 }
 
-TEST(CommandText, FileArgumentsAreWrittenInDoubleQuotes) {
-  EXPECT_EQ(command_with_file("READ_NATIVE", "lh.dat"), "READ_NATIVE \"lh.dat\"");
-}
-
 }  // namespace
 }  // namespace tidemark::shell

@@ -74,8 +74,10 @@ inline ProgramRun run_tidemark(const std::filesystem::path& home,
   return run;
 }
 
+inline constexpr int kNoTerminal = -2;
+
 // The program on a terminal: `typed` is typed into it, and everything it wrote to the
-// terminal comes back in `out`.
+// terminal comes back in `out`. The status is kNoTerminal when no terminal can be made.
 inline ProgramRun run_tidemark_on_terminal(const std::filesystem::path& home,
                                            const std::filesystem::path& folder,
                                            const std::vector<std::string>& args,
@@ -84,6 +86,10 @@ inline ProgramRun run_tidemark_on_terminal(const std::filesystem::path& home,
   const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
   if (child == 0) exec_tidemark(home, folder, args, {});
   ProgramRun run;
+  if (child < 0) {
+    run.status = kNoTerminal;
+    return run;
+  }
   if (write(terminal, typed.data(), typed.size()) < 0) return run;
   char buffer[4096];
   for (ssize_t n; (n = read(terminal, buffer, sizeof buffer)) > 0;) run.out.append(buffer, n);

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "core/text.h"
 #include "shell/command_table.h"
@@ -51,9 +52,19 @@ void exit_program(std::string_view command, Session& session) {
   session.request_exit();
 }
 
-void choose_mode(std::string_view command, Session& session) {
+// The mode named in the command, else the one the user picks from the mode list.
+std::optional<int> named_or_chosen_mode(std::string_view command, Session& session) {
   const std::string name = command_argument(command, "MODE");
-  const auto index = find_mode(name);
+  if (!name.empty()) return find_mode(name);
+  std::vector<std::string> names;
+  for (int i = 1; i <= kModeCount; ++i) names.push_back(padded_mode_name(i));
+  const auto item = session.ui().choose_item(kModeListTitle, kModeListPrompt, names);
+  if (!item) return std::nullopt;
+  return static_cast<int>(*item) + 1;
+}
+
+void choose_mode(std::string_view command, Session& session) {
+  const auto index = named_or_chosen_mode(command, session);
   if (!index) return session.ignore(command);
   session.set_mode(*index);
   const std::string chosen = "MODE " + std::string(mode_info(*index).name);

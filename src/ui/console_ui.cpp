@@ -80,6 +80,24 @@ std::optional<std::string> ConsoleUi::choose_folder(std::string_view title) {
   return prompt(std::string(title) + ": ");
 }
 
+// Lists the items numbered from 1 and takes a number or an item's text.
+std::optional<std::size_t> ConsoleUi::choose_item(std::string_view title,
+                                                  std::string_view prompt_text,
+                                                  const std::vector<std::string>& items) {
+  if (!interactive_) return std::nullopt;
+  *err_ << title << '\n';
+  for (std::size_t i = 0; i < items.size(); ++i) *err_ << "  " << i + 1 << "  " << items[i] << '\n';
+  const auto answer = prompt(std::string(prompt_text) + ": ");
+  if (!answer) return std::nullopt;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (*answer == std::to_string(i + 1) ||
+        core::to_upper(core::trim(items[i])) == core::to_upper(*answer)) {
+      return i;
+    }
+  }
+  return std::nullopt;
+}
+
 void ConsoleUi::show_text(std::string_view, std::string_view text) {
   *out_ << text;
   if (!text.empty() && text.back() != '\n') *out_ << '\n';

@@ -23,6 +23,8 @@ class ConsoleUi : public Ui {
   std::optional<bool> ask(std::string_view title, std::string_view question) override;
   std::optional<std::string> choose_file(const FileRequest& request) override;
   std::optional<std::string> choose_folder(std::string_view title) override;
+  std::optional<std::size_t> choose_item(std::string_view title, std::string_view prompt,
+                                         const std::vector<std::string>& items) override;
   void show_text(std::string_view title, std::string_view text) override;
   std::unique_ptr<Progress> progress(std::string_view title) override;
   void show_hint(std::string_view title, const std::vector<std::string>& lines) override;

@@ -24,6 +24,11 @@ std::optional<std::string> Ui::choose_folder(std::string_view) {
   return std::nullopt;
 }
 
+std::optional<std::size_t> Ui::choose_item(std::string_view, std::string_view,
+                                           const std::vector<std::string>&) {
+  return std::nullopt;
+}
+
 void Ui::show_dialog(const Dialog&, const std::vector<FieldValue>&) {}
 
 void Ui::close_dialog() {}

@@ -49,6 +49,11 @@ class Ui {
   virtual std::optional<std::string> choose_file(const FileRequest& request);
   virtual std::optional<std::string> choose_folder(std::string_view title);
 
+  // One item of a list chosen by the user (its 0-based index); no value when nobody
+  // chooses. The list is titled `title` and asks `prompt`.
+  virtual std::optional<std::size_t> choose_item(std::string_view title, std::string_view prompt,
+                                                 const std::vector<std::string>& items);
+
   // Shows a mode's dialog with the values it holds now (the modeless dialog of the
   // module frame: its buttons and edits come back as commands through next_command).
   virtual void show_dialog(const Dialog& dialog, const std::vector<FieldValue>& values);

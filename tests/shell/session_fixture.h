@@ -22,6 +22,9 @@ class ScriptedUi : public ui::RecordingUi {
   std::vector<std::string> texts;
   std::vector<std::string> dialogs;
   int hints = 0;
+  std::optional<std::size_t> item_choice;  // the answer to choose_item
+  std::vector<std::string> list_items;     // the items it was offered
+  std::string list_title;
 
   std::optional<std::string> next_command() override {
     if (commands.empty()) return std::nullopt;
@@ -34,6 +37,12 @@ class ScriptedUi : public ui::RecordingUi {
     const bool a = answers.front();
     answers.pop_front();
     return a;
+  }
+  std::optional<std::size_t> choose_item(std::string_view title, std::string_view,
+                                         const std::vector<std::string>& items) override {
+    list_title = title;
+    list_items = items;
+    return item_choice;
   }
   void show_text(std::string_view, std::string_view text) override { texts.emplace_back(text); }
   void show_dialog(const ui::Dialog& d, const std::vector<ui::FieldValue>&) override {

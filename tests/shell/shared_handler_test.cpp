@@ -21,6 +21,24 @@ TEST(ModeLoop, WithoutDataChoosingAModeChangesOnlyTheIndexAndTheHintComesBack) {
   EXPECT_EQ(f.history(), (Lines{"MODE Cluster8"}));
 }
 
+// MODE without a name offers the 14 names, 15 characters wide, in the list "Algorithm".
+TEST(ModeLoop, ModeWithoutANameLetsTheUserPickFromTheModeList) {
+  SessionFixture f;
+  f.ui.item_choice = 2;
+  EXPECT_TRUE(handle_shared_command("MODE", *f.session));
+  EXPECT_EQ(f.ui.list_title, "Algorithm");
+  ASSERT_EQ(f.ui.list_items.size(), 14u);
+  EXPECT_EQ(f.ui.list_items[13], "X_ApEn         ");
+  EXPECT_EQ(f.session->mode(), 3);
+  f.ui.item_choice.reset();
+  EXPECT_TRUE(handle_shared_command("MODE", *f.session));
+  EXPECT_EQ(f.session->mode(), 3);
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8"}));
+  EXPECT_EQ(f.ui.shown(), (Lines{"Mode Not Available: The Cluster8 mode is not available in "
+                                 "this version.",
+                                 "COMMAND IGNORED!: MODE"}));
+}
+
 TEST(ModeLoop, AModeNotBuiltYetSaysSoAndStaysChosen) {
   SessionFixture f;
   f.session->store().append(data_set("lh.dat", "LH", 5));

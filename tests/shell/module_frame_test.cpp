@@ -16,7 +16,7 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 // A small mode for the tests: its listing holds the dialog's values and the number of
-// points of the current data set.
+// points of the current data set, and with "Random Draw" on, one uniform deviate.
 class EchoModule : public Module {
  public:
   const ui::Dialog& dialog() const override { return dialog_; }
@@ -27,6 +27,7 @@ class EchoModule : public Module {
     std::ofstream(c.listing) << "Scale = " << core::format_g15_5(std::get<double>(c.values[0]))
                              << "\nCycles = " << std::get<int>(c.values[1])
                              << "\nPoints = " << c.store.current().size() << "\n";
+    if (std::get<bool>(c.values[2])) std::ofstream(c.listing, std::ios::app) << c.random.uniform();
     results_ = true;
     return Outcome::success();
   }
@@ -36,7 +37,8 @@ class EchoModule : public Module {
  private:
   ui::Dialog dialog_{"ECHO TEST",
                      {{"Scale", ui::FieldKind::kReal, "2.0", "Parameters", {}},
-                      {"Cycles", ui::FieldKind::kInteger, "10", "Parameters", {}}}};
+                      {"Cycles", ui::FieldKind::kInteger, "10", "Parameters", {}},
+                      {"Random Draw", ui::FieldKind::kCheck, "OFF", "Parameters", {}}}};
   bool results_ = false;
   bool stored_ = false;
 };
@@ -59,7 +61,7 @@ class ModuleFrame : public testing::Test {
 TEST_F(ModuleFrame, SetChangesOneFieldAndSaveParametersWritesTheSettingsFile) {
   f.run({"MODE Cluster8", "SET cycles = 7", "SAVE_PARAMETERS"});
   // 2.0 as gfortran writes it with (1PG15.5).
-  EXPECT_EQ(Scratch::read(settings()), "Scale =      2.0000    \nCycles = 7\n");
+  EXPECT_EQ(Scratch::read(settings()), "Scale =      2.0000    \nCycles = 7\nRandom Draw = OFF\n");
   EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SET Cycles = 7", "SAVE_PARAMETERS"}));
   EXPECT_FALSE(f.session->failed());
 }
@@ -73,12 +75,12 @@ std::string listing_with_settings(SessionFixture& f, const std::string& settings
 
 TEST_F(ModuleFrame, TheSettingsFileIsReadOnEntry) {
   // 4.5 as gfortran writes it with (1PG15.5).
-  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = 3\n"),
+  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = 3\nRandom Draw = OFF\n"),
             "Scale =      4.5000    \nCycles = 3\nPoints = 5\n");
 }
 
 TEST_F(ModuleFrame, ASettingsFileWithABadFieldGivesAllTheDefaults) {
-  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = three\n"),
+  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = three\nRandom Draw = OFF\n"),
             "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
 }
 
@@ -128,6 +130,26 @@ TEST_F(ModuleFrame, LeavingATwoSeriesModeWithOneSetGivesTheSharedHandlerOneComma
   f.run({"MODE Concordance", "MODE Cluster8", "ECHO_CALCULATE", "ECHO_CALCULATE"});
   EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: ECHO_CALCULATE"}));
   EXPECT_EQ(f.history(), (Lines{"MODE Concordance", "MODE Cluster8", "ECHO_CALCULATE"}));
+}
+
+// A run's history, run as a command file by a second session, writes the same listing:
+// the SET lines carry the dialog's values and the SEED line the random sequence.
+TEST(ModuleFrameReplay, TheHistoryReproducesTheListingByteForByte) {
+  Scratch out;
+  SessionFixture first(echo_modes());
+  first.session->store().append(data_set("lh.dat", "LH", 5));
+  first.run({"SEED 99", "MODE Cluster8", "SET Scale = 0.125", "SET Random Draw = ON",
+             "ECHO_CALCULATE", "COPY_LST \"" + (out / "first.lst").string() + "\""});
+  const std::string listing = Scratch::read(out / "first.lst");
+  std::filesystem::remove(out / "first.lst");
+  SessionFixture second(echo_modes());
+  second.session->store().append(data_set("lh.dat", "LH", 5));
+  second.session->random().seed(1);  // another start-up seed
+  second.run({"@ \"" + first.session->files().history_path().string() + "\""});
+  ASSERT_FALSE(second.session->failed()) << testing::PrintToString(second.ui.shown());
+  // 0.125 as gfortran writes it with (1PG15.5).
+  EXPECT_NE(listing.find("Scale =     0.12500    \n"), std::string::npos);
+  EXPECT_EQ(Scratch::read(out / "first.lst"), listing);  // written again by the replay
 }
 
 }  // namespace

@@ -13,6 +13,11 @@ struct Folders {
   std::filesystem::path help;
 };
 
+// The user registry, system/registry.ini.
+inline std::filesystem::path registry_path(const Folders& folders) {
+  return folders.system / "registry.ini";
+}
+
 // The program folder from the environment: `tidemark_home` when set and not empty, else
 // `xdg_data_home`/tidemark, else `user_home`/.local/share/tidemark; no value when none of
 // them is set. Null pointers stand for unset variables.

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "shell/external.h"
-#include "shell/registry.h"
 
 namespace tidemark::shell {
 
@@ -45,11 +44,8 @@ void make_default_folder(const CommandLine& line, Session& session) {
   if (folder.empty() || !fs::is_directory(folder, ec)) {
     return session.error("CD Error", {"Not a folder: " + folder});
   }
-  session.registry().set(kDefaultFolderKey, fs::absolute(folder, ec).string());
-  if (!session.registry().save(session.folders().system / "registry.ini")) {
-    return session.error("Serious Error", {"Could not write user registry"});
-  }
-  session.comment("!CD to " + fs::absolute(folder, ec).string());
+  if (session.make_default_folder(folder))
+    session.comment("!CD to " + fs::absolute(folder, ec).string());
 }
 
 }  // namespace

@@ -55,10 +55,7 @@ void enter_default_folder(Session& session) {
     if (auto chosen = session.ui().choose_folder("Select the New Default Folder")) {
       folder = *chosen;
       if (session.ask("CD Question", "Make this folder the default (YES) or (NO)?", false)) {
-        session.registry().set(kDefaultFolderKey, fs::absolute(folder, ec).string());
-        if (!session.registry().save(session.folders().system / "registry.ini")) {
-          session.error(kSerious, {"Could not write user registry"});
-        }
+        session.make_default_folder(folder);
       }
     }
   }
@@ -112,7 +109,7 @@ int run_program(const ProgramInfo& program, const std::vector<std::string>& args
     return kExitStartupFailed;
   }
   std::vector<std::string> registry_problems;
-  Registry registry = load_registry(folders->system / "registry.ini", registry_problems);
+  Registry registry = load_registry(registry_path(*folders), registry_problems);
   Session session(program, *folders, std::move(registry), std::move(files), names, ui, modules);
 
   const std::uint64_t seed = fresh_seed() % 2147483647u + 1;

@@ -70,6 +70,14 @@ bool Session::run_command_file(const std::string& name) {
   return false;
 }
 
+bool Session::make_default_folder(const std::filesystem::path& folder) {
+  std::error_code ec;
+  registry_.set(kDefaultFolderKey, std::filesystem::absolute(folder, ec).string());
+  if (registry_.save(registry_path(folders_))) return true;
+  error("Serious Error", {"Could not write user registry"});
+  return false;
+}
+
 std::optional<std::string> Session::next_command() {
   if (auto line = command_files_.next()) return line;
   while (auto typed = ui_.next_command()) {

@@ -70,6 +70,10 @@ class Session {
   // value at the end of input.
   std::optional<std::string> next_command();
 
+  // Records `folder` (made absolute) as Default_Folder in system/registry.ini; false,
+  // after "Could not write user registry" ("Serious Error"), when it cannot be written.
+  bool make_default_folder(const std::filesystem::path& folder);
+
   // Ends the program after the current command.
   void request_exit() { exit_requested_ = true; }
   bool exit_requested() const { return exit_requested_; }

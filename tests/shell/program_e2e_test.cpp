@@ -175,6 +175,18 @@ TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
   EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE X_ApEn"}));
 }
 
+// The bundled demo, run as make demo runs it, from a folder that holds the examples.
+TEST_F(Program, TheDemoCommandFileRunsCleanly) {
+  fs::create_directory_symlink(kExamples, dir / "examples");
+  fs::create_directory(dir / "demo-out");
+  const ProgramRun r =
+      run_tidemark(home(), dir.path(), {"-@", (kExamples / "demo.cmd").string()}, "");
+  EXPECT_EQ(r.status, 0) << r.err;
+  for (const char* file : {"lh_24h_10min_.dat", "subject07_testo_.csv", "demo.log"}) {
+    EXPECT_TRUE(fs::exists(dir / "demo-out" / file)) << file;
+  }
+}
+
 // The history of a run, fed back as a command file in another folder that holds the
 // same input, writes the same data files byte for byte.
 TEST_F(Program, TheHistoryReplaysToTheSameFiles) {

@@ -21,9 +21,10 @@ std::optional<fs::path> home_folder(const char* tidemark_home, const char* xdg_d
 }
 
 std::optional<Folders> prepare_folders(const fs::path& home, std::string& error) {
-  Folders folders{home, home / "system", home / "temp", home / "help"};
+  std::error_code ec;
+  const fs::path root = fs::absolute(home, ec);
+  Folders folders{root, root / "system", root / "temp", root / "help"};
   for (const fs::path* folder : {&folders.system, &folders.temp, &folders.help}) {
-    std::error_code ec;
     fs::create_directories(*folder, ec);
     if (!fs::is_directory(*folder, ec)) {
       error = "Could not create the folder " + folder->string();

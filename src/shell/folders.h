@@ -24,8 +24,9 @@ inline std::filesystem::path registry_path(const Folders& folders) {
 std::optional<std::filesystem::path> home_folder(const char* tidemark_home,
                                                  const char* xdg_data_home, const char* user_home);
 
-// Creates `home` and its three subfolders where they are missing. No value, and a
-// message naming the folder in `error`, when one cannot be created.
+// Creates `home` and its three subfolders where they are missing; the folders come back
+// as absolute paths, so that they stay valid when the working folder changes. No value,
+// and a message naming the folder in `error`, when one cannot be created.
 std::optional<Folders> prepare_folders(const std::filesystem::path& home, std::string& error);
 
 }  // namespace tidemark::shell

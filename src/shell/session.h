@@ -63,7 +63,8 @@ class Session {
                                            const ui::FileRequest& request);
 
   // Opens a command file on top of the stack: "!cmd file = " + name on success, else
-  // "Could not open command file = " + name, shown and logged.
+  // "Could not open command file = " + name, shown and logged. The run's own command
+  // history cannot be run while it is being written.
   bool run_command_file(const std::string& name);
 
   // The next command: from the innermost open command file, else from the user; no

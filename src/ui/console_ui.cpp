@@ -70,9 +70,13 @@ std::optional<bool> ConsoleUi::ask(std::string_view title, std::string_view ques
   }
 }
 
+// A blank answer takes the name offered, when there is one.
 std::optional<std::string> ConsoleUi::choose_file(const FileRequest& request) {
   if (!interactive_) return std::nullopt;
-  return prompt(request.title + ": ");
+  if (request.default_name.empty()) return prompt(request.title + ": ");
+  const auto answer = prompt(request.title + " [" + request.default_name + "]: ");
+  if (!answer && in_->good()) return request.default_name;
+  return answer;
 }
 
 std::optional<std::string> ConsoleUi::choose_folder(std::string_view title) {

@@ -29,6 +29,18 @@ TEST(Folders, TheThreeSubfoldersAreCreatedOnFirstStart) {
   EXPECT_EQ(folders->temp, dir / "home" / "temp");
 }
 
+// The run goes on in other working folders (CD), so the folders must not be relative.
+TEST(Folders, ARelativeHomeComesBackAbsolute) {
+  Scratch dir;
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(dir.path());
+  std::string error;
+  const auto folders = prepare_folders("rel", error);
+  std::filesystem::current_path(before);
+  ASSERT_TRUE(folders) << error;
+  EXPECT_EQ(folders->temp, dir / "rel" / "temp");
+}
+
 TEST(Folders, AHomeThatIsAFileCannotBePrepared) {
   Scratch dir;
   const auto file = dir.write("home", "not a folder");

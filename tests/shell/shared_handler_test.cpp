@@ -125,6 +125,13 @@ TEST(SharedHandler, GraphicsAndSpreadsheetCommandsAnswerThatTheyAreNotAvailable)
   EXPECT_TRUE(f.session->failed());
 }
 
+TEST(CommandFileRuns, TheRunsOwnHistoryCannotBeRunWhileItIsWritten) {
+  SessionFixture f;
+  const std::string history = f.session->files().history_path().string();
+  f.run({"SEED 4", "@ \"" + history + "\""});
+  EXPECT_EQ(f.ui.shown(), (Lines{"Command File Error: Could not open command file = " + history}));
+}
+
 // A file that runs itself: ten levels open, the eleventh is refused, and the failing
 // command inside does not stop any of the files.
 TEST(CommandFileRuns, NestingStopsAtTenAndFailuresDoNotStopAFile) {

@@ -29,6 +29,16 @@ TEST(ConsoleQuestions, ATerminalUserIsAskedUntilTheAnswerIsYesOrNo) {
   EXPECT_EQ(console.ask("Q", "Again?"), std::nullopt);  // end of input
 }
 
+TEST(ConsoleQuestions, ABlankFileNameTakesTheNameOffered) {
+  std::istringstream in("\n");
+  std::ostringstream out, err;
+  ConsoleUi console(in, out, err, true);
+  const FileRequest request{"Select a name for the native mode output file", "", "lh_.dat", true};
+  EXPECT_EQ(console.choose_file(request), "lh_.dat");
+  EXPECT_EQ(err.str(), "Select a name for the native mode output file [lh_.dat]: ");
+  EXPECT_EQ(console.choose_file(request), std::nullopt);  // end of input
+}
+
 TEST(ConsoleCommands, LinesComeWithoutTheirLineEndsUntilTheInputEnds) {
   std::istringstream in("RESET\r\nEXIT");
   std::ostringstream out, err;

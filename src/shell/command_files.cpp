@@ -20,8 +20,9 @@ int CommandFiles::free_unit() const {
 
 bool CommandFiles::open(const std::string& name) {
   if (core::is_blank(name) || depth() >= kMaxDepth) return false;
+  // Only regular files: a folder has no lines, and a device or a pipe may never end.
   std::error_code ec;
-  if (std::filesystem::is_directory(name, ec)) return false;
+  if (!std::filesystem::is_regular_file(name, ec)) return false;
   const int unit = free_unit();
   if (unit == 0) return false;
   auto file = std::make_unique<OpenFile>();

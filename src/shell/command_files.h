@@ -18,7 +18,8 @@ class CommandFiles {
   static constexpr int kUnitsTried = 91;
 
   // Opens `name` on top of the stack; false, and nothing changes, when the name is
-  // blank, the file cannot be opened, no unit is free, or 10 files are open already.
+  // blank, names no regular file, the file cannot be opened, no unit is free, or 10
+  // files are open already.
   bool open(const std::string& name);
 
   // The next command of the innermost open file (cut to 1024 characters, without its

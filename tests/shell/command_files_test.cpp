@@ -50,7 +50,7 @@ TEST(CommandFiles, AClosedFileFreesItsUnitForTheNext) {
   EXPECT_EQ(files.unit(), 8);
 }
 
-TEST(CommandFiles, BlankMissingAndFolderNamesAreRefused) {
+TEST(CommandFiles, BlankMissingFolderAndDeviceNamesAreRefused) {
   Scratch dir;
   CommandFiles files;
   for (const std::string& name :

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "graphics/plot.h"
 #include "graphics/plot_writer.h"
 
 namespace tidemark::graphics {
@@ -29,15 +30,6 @@ inline constexpr std::string_view kShowErrorBars = "Show Error Bars";
 inline constexpr std::string_view kShowConnectingCurve = "Show Connecting Curve";
 inline constexpr std::string_view kMarkMissingValues = "Mark Missing Values";
 inline constexpr std::string_view kShowMissingValues = "Show Missing Values";
-
-// A secretion event for the Pulse family's crosshairs: position and height, with the
-// half-widths of the bars drawn through them.
-struct Crosshair {
-  double x = 0;
-  double y = 0;
-  double dx = 0;
-  double dy = 0;
-};
 
 // The default state of each common option, as the template writes it.
 struct CommonDefaults {
@@ -61,7 +53,8 @@ struct CommonGraph {
   std::span<const float> sd{};  // their standard deviations; empty for none
   // Event times, drawn as numbered vertical markers ("Position Markers").
   std::span<const double> positions{};
-  // The Pulse family's events, drawn as crosshairs; when `pulse_family` is set the
+  // The Pulse family's events (position and height with the half-widths of the bars
+  // drawn through them), drawn as crosshairs; when `pulse_family` is set the
   // option labels are "Position Crosshairs" and "Show Missing Values".
   std::span<const Crosshair> crosshairs{};
   bool pulse_family = false;

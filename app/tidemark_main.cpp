@@ -1,16 +1,28 @@
-// The headless program: the whole command language, no windows. Modes are registered
-// here in menu order as their drivers are built; until then each answers that it is not
-// available.
+// The headless program: the whole command language, no windows. The mode drivers are
+// registered here in menu order as they are built (an empty entry is a mode that answers
+// it is not available), with the handlers of the graph view, the simulator and the data
+// spreadsheet.
 #include <string>
 #include <vector>
 
-#include "shell/module.h"
 #include "shell/program.h"
 #include "ui/console_ui.h"
+
+namespace {
+
+tidemark::shell::Components components() {
+  tidemark::shell::Components parts;
+  // Menu order: 1 ApEn, 2 AutoDecon, 3 Cluster8, 4 Concordance, 5 Correlation, 6 Cosine,
+  // 7 Deconv, 8 Gold_Method, 9 Periodic, 10 Pulse, 11 Pulse2, 12 Pulse4, 13 SRQuant,
+  // 14 X_ApEn; parts.modules[index - 1] is the factory of mode `index`.
+  return parts;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
   tidemark::ui::ConsoleUi console;
-  static const tidemark::shell::ModuleFactories modes{};
-  return tidemark::shell::run_program({"Tidemark", TIDEMARK_VERSION}, args, console, modes);
+  static const tidemark::shell::Components parts = components();
+  return tidemark::shell::run_program({"Tidemark", TIDEMARK_VERSION}, args, console, parts);
 }

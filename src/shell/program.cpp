@@ -79,7 +79,7 @@ void act_on_command_line(const CommandLine& line, Session& session) {
 }  // namespace
 
 int run_program(const ProgramInfo& program, const std::vector<std::string>& args, ui::Ui& ui,
-                const ModuleFactories& modules) {
+                const Components& components) {
   const CommandLine line = parse_command_line(args);
   if (line.one_shot == OneShot::kUsage) {
     ui.show_text("Usage", usage_text());
@@ -110,7 +110,11 @@ int run_program(const ProgramInfo& program, const std::vector<std::string>& args
   }
   std::vector<std::string> registry_problems;
   Registry registry = load_registry(registry_path(*folders), registry_problems);
-  Session session(program, *folders, std::move(registry), std::move(files), names, ui, modules);
+  Session session(program, *folders, std::move(registry), std::move(files), names, ui,
+                  components.modules);
+  if (components.graphics) session.set_graphics(components.graphics());
+  if (components.simulator) session.set_simulator(components.simulator());
+  if (components.spreadsheet) session.set_spreadsheet(components.spreadsheet());
 
   const std::uint64_t seed = fresh_seed() % 2147483647u + 1;
   session.random().seed(seed);

@@ -3,14 +3,29 @@
 // first history line "SEED n"), the command line (one-shot options end the program
 // after their action; -@ runs a command file first), the mode loop, and the end (the
 // files of the kill list deleted).
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "shell/module.h"
 #include "shell/platform.h"
+#include "shell/session.h"
 #include "ui/ui.h"
 
 namespace tidemark::shell {
+
+// What app/ plugs into the shell: the mode drivers in menu order, and the makers of the
+// command handlers of the graph view, the simulator and the data spreadsheet. An empty
+// maker leaves that part out: the graph view and the spreadsheet then answer that they
+// are not available, and there are no simulation commands.
+struct Components {
+  using HandlerMaker = std::function<std::unique_ptr<CommandHandler>()>;
+  ModuleFactories modules;
+  HandlerMaker graphics;
+  HandlerMaker simulator;
+  HandlerMaker spreadsheet;
+};
 
 // Exit statuses: every command carried out; some command ignored or reporting an error;
 // start-up failed.
@@ -22,6 +37,6 @@ inline constexpr int kExitStartupFailed = 2;
 // Reads the environment: TIDEMARK_HOME, XDG_DATA_HOME, HOME, COMPUTERNAME, VISUAL,
 // EDITOR, SHELL.
 int run_program(const ProgramInfo& program, const std::vector<std::string>& args, ui::Ui& ui,
-                const ModuleFactories& modules);
+                const Components& components);
 
 }  // namespace tidemark::shell

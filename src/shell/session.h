@@ -102,11 +102,13 @@ class Session {
   int mode() const { return mode_; }
   void set_mode(int index) { mode_ = index; }
 
-  // The parts that later issues fill; until then they answer that they are not
-  // available.
+  // The graph view and the data spreadsheet answer that they are not available until
+  // their handlers are set; the simulator is absent (null) until it is set.
   CommandHandler& graphics() { return *graphics_; }
   CommandHandler& spreadsheet() { return *spreadsheet_; }
+  CommandHandler* simulator() { return simulator_.get(); }
   void set_graphics(std::unique_ptr<CommandHandler> h) { graphics_ = std::move(h); }
+  void set_simulator(std::unique_ptr<CommandHandler> h) { simulator_ = std::move(h); }
   void set_spreadsheet(std::unique_ptr<CommandHandler> h) { spreadsheet_ = std::move(h); }
 
  private:
@@ -121,6 +123,7 @@ class Session {
   data::Store store_;
   CommandFiles command_files_;
   std::unique_ptr<CommandHandler> graphics_;
+  std::unique_ptr<CommandHandler> simulator_;
   std::unique_ptr<CommandHandler> spreadsheet_;
   int mode_ = 0;
   bool exit_requested_ = false;

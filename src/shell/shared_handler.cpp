@@ -102,8 +102,10 @@ bool handle_shared_command(std::string_view command, Session& session) {
   if (handle_data_command(command, session)) return true;
   if (handle_run_file_command(command, session)) return true;
   if (dispatch(kCommands, command, session)) return true;
-  return session.graphics().handle(command, session) ||
-         session.spreadsheet().handle(command, session);
+  // Then, in this order: the graph view, the simulator, the data spreadsheet.
+  if (session.graphics().handle(command, session)) return true;
+  if (session.simulator() != nullptr && session.simulator()->handle(command, session)) return true;
+  return session.spreadsheet().handle(command, session);
 }
 
 }  // namespace tidemark::shell

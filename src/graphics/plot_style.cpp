@@ -63,7 +63,7 @@ int hex_digit(char c) {
   return -1;
 }
 
-constexpr std::array kCycleColours = {kBlack, kVermilion, kBlue, kGreen, kOrange, kPurple, kSky};
+constexpr std::array kCycleColours = {kBlack, kVermilion, kBlue, kOrange, kGreen, kPurple, kSky};
 constexpr std::array kCycleSymbols = {Symbol::kCircle,  Symbol::kSquare,       Symbol::kTriangle,
                                       Symbol::kDiamond, Symbol::kDownTriangle, Symbol::kCross,
                                       Symbol::kPlus};

@@ -63,7 +63,7 @@ std::optional<Align> align_named(std::string_view word);
 std::optional<Colour> colour_named(std::string_view word);
 
 // The n-th entry (0-based, cycling) of a panel's series cycle: colours black,
-// vermilion, blue, green, orange, purple, sky; symbols circle, square, triangle,
+// vermilion, blue, orange, green, purple, sky; symbols circle, square, triangle,
 // diamond, down-triangle, cross, plus; dashes solid, dash, dot, dash-dot.
 Colour cycle_colour(int n);
 Symbol cycle_symbol(int n);

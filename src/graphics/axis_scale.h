@@ -1,0 +1,66 @@
+#pragma once
+// The range and ticks of an axis, from its settings in the source and the extent of
+// the data drawn against it. Pure arithmetic: the renderer only maps and draws.
+//
+// Linear, automatic: the data range widened by 4 % of its span on each side (a single
+// value v by 10 % of |v|, or 1 when v = 0), ticks at multiples of a step of 1, 2 or 5
+// times a power of ten giving 4 to 10 ticks. Log, automatic: the positive data rounded
+// outwards to whole decades (1 to 10 when there are none); ticks at the decades, with
+// minor ticks at 2..9 when the axis spans at most 6 decades and labels at 2 and 5 when
+// it spans fewer than 3. A given step that would make more than kMaxTicks ticks is
+// replaced by the automatic one, so no range makes the tick loop long; a fixed range
+// that cannot be drawn (an end beyond 1e300, or not positive on a log axis) is ignored.
+#include <string>
+#include <vector>
+
+#include "graphics/plot_writer.h"
+
+namespace tidemark::graphics {
+
+// True when `v` can be placed on an axis of `scale`: finite, not missing, at most 1e300
+// in size and, on a log axis, positive.
+bool drawable_on(Scale scale, double v);
+
+// The smallest and largest drawable value seen: finite, at most 1e300 in size and,
+// for a log axis, positive; others are left out.
+class Extent {
+ public:
+  explicit Extent(Scale scale) : scale_(scale) {}
+  void add(double v);
+  bool empty() const { return low_ > high_; }
+  double low() const { return low_; }
+  double high() const { return high_; }
+  // True when `v` can be placed on this axis.
+  bool drawable(double v) const { return drawable_on(scale_, v); }
+
+ private:
+  Scale scale_;
+  double low_ = 1;
+  double high_ = 0;
+};
+
+struct Tick {
+  double value = 0;
+  std::string label{};  // empty for a minor tick and an unlabelled decade
+  bool major = true;
+};
+
+struct AxisScale {
+  Scale scale = Scale::kLinear;
+  double low = 0;
+  double high = 1;
+  std::vector<Tick> ticks{};
+
+  // Where `v` lies along the axis: 0 at low, 1 at high, linear in v or in log10(v).
+  double fraction(double v) const;
+};
+
+inline constexpr int kMaxTicks = 200;
+
+AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data);
+
+// A tick label: fixed notation when the axis's values lie within 1e-4 and 1e6, else
+// "m×10ⁿ"; `step` sets the decimals shown.
+std::string tick_label(double v, double step, double largest);
+
+}  // namespace tidemark::graphics

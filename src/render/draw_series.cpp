@@ -1,0 +1,143 @@
+#include <algorithm>
+#include <cmath>
+
+#include "core/missing.h"
+#include "graphics/panel_extent.h"
+#include "render/draw_parts.h"
+#include "render/draw_style.h"
+
+namespace tidemark::render {
+
+namespace {
+
+using graphics::Series;
+
+// A row's point on the page, when both values can be placed on the frame's axes.
+struct Placed {
+  bool ok = false;
+  double x = 0;
+  double y = 0;
+};
+
+Placed place(const Frame& f, double x, double y) {
+  if (!graphics::drawable_on(f.x.scale, x) || !graphics::drawable_on(f.y.scale, y)) return {};
+  return {true, clamp_coordinate(f.px(x)), clamp_coordinate(f.py(y))};
+}
+
+// The page y of a value that may not be placeable on a log axis (at or below 0): the
+// bottom edge of the area then.
+double page_y_or_bottom(const Frame& f, double y) {
+  if (!graphics::drawable_on(f.y.scale, y)) return f.bottom();
+  return clamp_coordinate(f.py(y));
+}
+
+void draw_bars(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  const double half = graphics::bar_width(s) / 2;
+  const double base = f.y.scale == graphics::Scale::kLog ? f.bottom() : clamp_coordinate(f.py(0.0));
+  for (std::size_t i = 0; i < s.x.size(); ++i) {
+    const Placed p = place(f, s.x[i], s.y[i]);
+    if (!p.ok) continue;
+    const double left = clamp_coordinate(f.px(s.x[i] - half));
+    const double right = clamp_coordinate(f.px(s.x[i] + half));
+    cairo_rectangle(cr, left, std::min(p.y, base), right - left, std::abs(base - p.y));
+  }
+  set_colour(cr, d.rgb, 0.45);
+  cairo_fill_preserve(cr);
+  set_colour(cr, d.rgb);
+  set_line(cr, graphics::Dash::kSolid, 0.75);
+  cairo_stroke(cr);
+}
+
+// The curve through the points, broken where a value is missing or cannot be placed;
+// a staircase (each value held until the next x) for STEPS.
+void draw_curve(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  bool down = false;
+  double last_y = 0;
+  for (std::size_t i = 0; i < s.x.size(); ++i) {
+    const Placed p = place(f, s.x[i], s.y[i]);
+    if (!p.ok) {
+      down = false;
+      continue;
+    }
+    if (!down) {
+      cairo_move_to(cr, p.x, p.y);
+    } else if (s.style.steps) {
+      cairo_line_to(cr, p.x, last_y);
+      cairo_line_to(cr, p.x, p.y);
+    } else {
+      cairo_line_to(cr, p.x, p.y);
+    }
+    down = true;
+    last_y = p.y;
+  }
+  set_colour(cr, d.rgb);
+  set_line(cr, d.dash, d.line_width);
+  cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
+  cairo_stroke(cr);
+}
+
+void draw_error_bars(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  const double cap = d.symbol == graphics::Symbol::kNone ? 2.0 : 0.4 * d.symbol_size;
+  for (std::size_t i = 0; i < s.x.size(); ++i) {
+    const Placed p = place(f, s.x[i], s.y[i]);
+    if (!p.ok || core::is_missing(s.err[i]) || !std::isfinite(s.err[i])) continue;
+    const double e = std::abs(s.err[i]);
+    const double top = page_y_or_bottom(f, s.y[i] + e);
+    const double bottom = page_y_or_bottom(f, s.y[i] - e);
+    cairo_move_to(cr, p.x, top);
+    cairo_line_to(cr, p.x, bottom);
+    cairo_move_to(cr, p.x - cap, top);
+    cairo_line_to(cr, p.x + cap, top);
+    cairo_move_to(cr, p.x - cap, bottom);
+    cairo_line_to(cr, p.x + cap, bottom);
+  }
+  set_colour(cr, d.rgb);
+  set_line(cr, graphics::Dash::kSolid, 0.8);
+  cairo_stroke(cr);
+}
+
+void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  bool closed = false;
+  for (std::size_t i = 0; i < s.x.size(); ++i) {
+    const Placed p = place(f, s.x[i], s.y[i]);
+    if (p.ok) closed = add_symbol(cr, d.symbol, p.x, p.y, d.symbol_size);
+  }
+  set_colour(cr, d.rgb);
+  if (closed) {
+    cairo_fill_preserve(cr);
+    cairo_set_source_rgba(cr, 1, 1, 1, 0.9);
+    set_line(cr, graphics::Dash::kSolid, 0.5);
+  } else {
+    set_line(cr, graphics::Dash::kSolid, 1.2);
+  }
+  cairo_stroke(cr);
+}
+
+// Open triangles on the x axis, pointing up, at the x of each missing y.
+void draw_missing_marks(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  for (std::size_t i = 0; i < s.x.size(); ++i) {
+    if (!core::is_missing(s.y[i]) || !graphics::drawable_on(f.x.scale, s.x[i])) continue;
+    const double x = clamp_coordinate(f.px(s.x[i]));
+    add_symbol(cr, graphics::Symbol::kTriangle, x, f.bottom() - 4, 7);
+  }
+  set_colour(cr, d.rgb);
+  set_line(cr, graphics::Dash::kSolid, 1.0);
+  cairo_stroke(cr);
+}
+
+}  // namespace
+
+void draw_series(cairo_t* cr, const Frame& f, const Series& s) {
+  const DrawStyle d = resolve_style(s);
+  cairo_save(cr);
+  cairo_rectangle(cr, f.left, f.top, f.width, f.height);
+  cairo_clip(cr);
+  if (s.style.bars) draw_bars(cr, f, s, d);
+  if (d.dash != graphics::Dash::kNone) draw_curve(cr, f, s, d);
+  if (s.style.error_bars) draw_error_bars(cr, f, s, d);
+  if (d.symbol != graphics::Symbol::kNone) draw_symbols(cr, f, s, d);
+  if (s.style.mark_missing) draw_missing_marks(cr, f, s, d);
+  cairo_restore(cr);
+}
+
+}  // namespace tidemark::render

@@ -1,0 +1,31 @@
+#pragma once
+// Draws a graph with cairo: onto a context the caller owns (the desktop graph view), or
+// into the bytes of a PNG, SVG, PDF, PostScript or EPS file. Every format comes from
+// the same drawing code, on a page of options.width x options.height points.
+//
+//   const render::Rendered r = render::render(parsed.plot, render::Format::kPng, options);
+//   if (r.ok) core::replace_file("graph.png", r.bytes);
+#include <cairo.h>
+
+#include <string>
+
+#include "graphics/plot.h"
+#include "render/render_options.h"
+
+namespace tidemark::render {
+
+// Draws `plot` on `cr`, whose user space is the page in points (0,0 at the top left).
+// The background is left as it is.
+void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& options);
+
+struct Rendered {
+  bool ok = false;
+  std::string message{};  // why nothing was rendered; empty on success
+  std::string bytes{};    // the file's contents
+};
+
+// The file of `plot` in `format` on a white page. Fails, with a message, when the
+// options are outside their limits or cairo reports an error.
+Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& options);
+
+}  // namespace tidemark::render

@@ -1,0 +1,99 @@
+#include "render/text.h"
+
+#include <string>
+
+namespace tidemark::render {
+
+namespace {
+
+// `text` with every byte that does not belong to a well-formed UTF-8 sequence replaced
+// by "?": cairo refuses a malformed string and then draws nothing more on the context.
+std::string well_formed(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  std::size_t i = 0;
+  while (i < text.size()) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    const std::size_t n = c < 0x80           ? 1
+                          : (c >> 5) == 0x6  ? 2
+                          : (c >> 4) == 0xE  ? 3
+                          : (c >> 3) == 0x1E ? 4
+                                             : 0;
+    bool good = n > 0 && i + n <= text.size() && c != 0xC0 && c != 0xC1 && c <= 0xF4;
+    for (std::size_t k = 1; good && k < n; ++k) {
+      good = (static_cast<unsigned char>(text[i + k]) & 0xC0) == 0x80;
+    }
+    if (good && n == 3) {  // no overlong forms, no surrogates
+      const auto c1 = static_cast<unsigned char>(text[i + 1]);
+      good = !(c == 0xE0 && c1 < 0xA0) && !(c == 0xED && c1 >= 0xA0);
+    }
+    if (good && n == 4) {  // no overlong forms, nothing above U+10FFFF
+      const auto c1 = static_cast<unsigned char>(text[i + 1]);
+      good = !(c == 0xF0 && c1 < 0x90) && !(c == 0xF4 && c1 >= 0x90);
+    }
+    if (good && c != 0) {
+      out.append(text.substr(i, n));
+      i += n;
+    } else {
+      out += '?';
+      ++i;
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
+double font_points(const RenderOptions& options, Role role) {
+  switch (role) {
+    case Role::kTick:
+    case Role::kNote:
+      return 0.9 * options.font_size;
+    case Role::kLabel:
+      return options.font_size;
+    case Role::kPanelTitle:
+      return 1.1 * options.font_size;
+    case Role::kPageTitle:
+      return 1.35 * options.font_size;
+  }
+  return options.font_size;
+}
+
+void use_font(cairo_t* cr, const RenderOptions& options, Role role) {
+  const bool bold = role == Role::kPanelTitle || role == Role::kPageTitle;
+  cairo_select_font_face(cr, options.font.c_str(), CAIRO_FONT_SLANT_NORMAL,
+                         bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+  cairo_set_font_size(cr, font_points(options, role));
+}
+
+double text_width(cairo_t* cr, std::string_view text) {
+  const std::string s = well_formed(text);
+  cairo_text_extents_t e;
+  cairo_text_extents(cr, s.c_str(), &e);
+  return e.x_advance;
+}
+
+double line_height(cairo_t* cr) {
+  cairo_font_extents_t e;
+  cairo_font_extents(cr, &e);
+  return e.ascent + e.descent;
+}
+
+void draw_text(cairo_t* cr, double x, double y, std::string_view text, graphics::Align align,
+               bool centred) {
+  if (text.empty()) return;
+  const double w = text_width(cr, text);
+  if (align == graphics::Align::kCenter) x -= w / 2;
+  if (align == graphics::Align::kRight) x -= w;
+  if (centred) {
+    cairo_font_extents_t e;
+    cairo_font_extents(cr, &e);
+    y += 0.5 * (e.ascent - e.descent);
+  }
+  const std::string s = well_formed(text);
+  cairo_move_to(cr, x, y);
+  cairo_show_text(cr, s.c_str());
+  cairo_new_path(cr);
+}
+
+}  // namespace tidemark::render

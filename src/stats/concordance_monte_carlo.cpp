@@ -15,9 +15,11 @@ void fill_uniform(core::Random& random, TimeRange range, std::vector<double>& ti
 // Cycles [begin, end) counted into `counts`.
 void run_cycles(const ConcordanceDraw& d, std::uint64_t seed, long begin, long end,
                 std::vector<long long>& counts) {
+  std::uint64_t mixer = seed;
+  const std::uint64_t base = core::splitmix64(mixer);
   std::vector<double> a(static_cast<std::size_t>(d.n_a)), b(static_cast<std::size_t>(d.n_b));
   for (long cycle = begin; cycle < end; ++cycle) {
-    core::Random random(seed + static_cast<std::uint64_t>(cycle));
+    core::Random random(base + static_cast<std::uint64_t>(cycle));
     fill_uniform(random, d.range_a, a);
     fill_uniform(random, d.range_b, b);
     ++counts[static_cast<std::size_t>(count_coincidences(a, b, d.coincidence))];

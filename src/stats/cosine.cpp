@@ -1,0 +1,61 @@
+#include "stats/cosine.h"
+
+#include <cmath>
+#include <string>
+
+#include "core/missing.h"
+
+namespace tidemark::stats {
+
+double cosine_model(std::span<const double> p, double t, bool& failed) {
+  if (p[kPeriod] <= 0) {
+    failed = true;
+    return 0;
+  }
+  return p[kAmplitude] * std::cos((t - p[kPhase]) * kCosineTwoPi / p[kPeriod]) + p[kMean] +
+         p[kSlope] * t;
+}
+
+double cosine_value(const CosineValues& values, double t) {
+  bool failed = false;
+  return cosine_model(values, t, failed);
+}
+
+void normalise_cosine(CosineValues& v) {
+  if (v[kAmplitude] < 0) {
+    v[kAmplitude] = -v[kAmplitude];
+    v[kPhase] += 0.5 * v[kPeriod];
+  }
+  if (v[kPeriod] <= 0) return;
+  v[kPhase] = std::fmod(v[kPhase], v[kPeriod]);
+  v[kPhase] = std::fmod(v[kPhase] + v[kPeriod], v[kPeriod]);
+}
+
+void subtract_cosine(const CosineValues& values, std::span<const float> t, std::span<float> y) {
+  if (values[kPeriod] <= 0) return;
+  for (std::size_t i = 0; i < y.size(); ++i) {
+    if (core::is_missing(y[i])) continue;
+    y[i] = static_cast<float>(y[i] - cosine_value(values, t[i]));
+  }
+}
+
+double percent_remaining(double variance, double reference_variance) {
+  return reference_variance > 0 ? 100 * variance / reference_variance : 100.0;
+}
+
+CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
+                     const CosineValues& start, const CosineFlags& flags,
+                     double reference_variance) {
+  Lsfit2Problem problem{cosine_model, t, y, {}};
+  for (int j = 0; j < kCosineParameters; ++j) {
+    problem.parameters.push_back({std::string(kCosineNames[j]), start[j], flags[j]});
+  }
+  CosineFit fit{lsfit2(problem), start, 0};
+  if (fit.engine.code != Lsfit2Code::kOk) return fit;
+  for (int j = 0; j < kCosineParameters; ++j) fit.values[j] = fit.engine.values[j];
+  normalise_cosine(fit.values);
+  fit.percent = percent_remaining(fit.engine.variance, reference_variance);
+  return fit;
+}
+
+}  // namespace tidemark::stats

@@ -1,0 +1,46 @@
+#include "stats/cosine_start.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/missing.h"
+
+namespace tidemark::stats {
+
+namespace {
+
+constexpr CosineFlags kReferenceFlags = {false, false, false, true, false};
+// The scan moves Amplitude, Phase and Mean; Period and Slope stay held.
+constexpr CosineFlags kScanFlags = kDefaultCosineFlags;
+// The scan starts at the fourth point.
+constexpr std::size_t kFirstScanPoint = 3;
+
+}  // namespace
+
+CosineStart start_cosine(std::span<const double> t, std::span<const double> y) {
+  const std::size_t n = t.size();
+  CosineStart start;
+  start.scan_period.assign(n, core::kMissing);
+  start.scan_percent.assign(n, core::kMissing);
+  const double span = n == 0 ? 0.0 : t[n - 1] - t[0];
+  const CosineFit reference = fit_cosine(t, y, {span, 0, 0, 0, 0}, kReferenceFlags, 0);
+  start.reference = reference.engine;
+  if (reference.engine.code != Lsfit2Code::kOk) return start;
+  start.reference_variance = reference.engine.variance;
+  const double mean = reference.values[kMean];
+  double squares = 0;
+  for (const double value : y) squares += (value - mean) * (value - mean);
+  start.defaults = {span, std::sqrt(std::abs(squares / static_cast<double>(n))), 0, mean, 0};
+
+  for (std::size_t k = kFirstScanPoint; k < n; ++k) {
+    CosineValues trial = start.defaults;
+    trial[kPeriod] = t[k];
+    const CosineFit fit = fit_cosine(t, y, trial, kScanFlags, start.reference_variance);
+    if (fit.engine.code != Lsfit2Code::kOk) continue;
+    start.scan_period[k] = t[k];
+    start.scan_percent[k] = std::min(fit.percent, 100.0);
+  }
+  return start;
+}
+
+}  // namespace tidemark::stats

@@ -39,10 +39,12 @@ double nice_step(double raw) {
   return nice * magnitude;
 }
 
-void linear_ticks(AxisScale& a, std::optional<double> given_step) {
+void linear_ticks(AxisScale& a, std::optional<double> given_step, double max_labels) {
   const double span = a.high - a.low;
   double step = given_step.value_or(0);
-  if (!(step > 0) || span / step > kMaxTicks) step = nice_step(span / 6);
+  if (!(step > 0) || span / step > kMaxTicks) {
+    step = nice_step(span / std::clamp(max_labels / 1.5, 1.0, 6.0));
+  }
   const double largest = std::max(std::abs(a.low), std::abs(a.high));
   const double first = std::ceil(a.low / step - 1e-9);
   for (int i = 0; i < kMaxTicks; ++i) {
@@ -61,12 +63,13 @@ std::string log_label(int m, int d) {
   return fmt::format("{}×10{}", m, superscript(d));
 }
 
-void log_ticks(AxisScale& a) {
+void log_ticks(AxisScale& a, double max_labels) {
   const double llo = std::log10(a.low), lhi = std::log10(a.high);
   const double decades = lhi - llo;
   const int first = static_cast<int>(std::floor(llo)), last = static_cast<int>(std::ceil(lhi));
-  const int every = std::max(1, static_cast<int>(std::ceil((last - first + 1) / 8.0)));
-  const bool minors = decades <= 6, labelled_2_5 = decades < 3;
+  const double labels = std::clamp(max_labels, 1.0, 8.0);
+  const int every = std::max(1, static_cast<int>(std::ceil((last - first + 1) / labels)));
+  const bool minors = decades <= 6, labelled_2_5 = decades < 3 && max_labels >= 3 * decades + 1;
   for (int d = first; d <= last && static_cast<int>(a.ticks.size()) < kMaxTicks; ++d) {
     for (int m = 1; m <= (minors ? 9 : 1); ++m) {
       const double v = m * std::pow(10.0, d);
@@ -108,7 +111,7 @@ std::string tick_label(double v, double step, double largest) {
   return fmt::format("{:.{}f}×10{}", v / scale, decimals_for(step / scale), superscript(e));
 }
 
-AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data) {
+AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data, double max_labels) {
   AxisScale a;
   a.scale = spec.scale;
   Extent fixed(spec.scale);
@@ -138,9 +141,9 @@ AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data) {
     }
   }
   if (a.scale == Scale::kLog) {
-    log_ticks(a);
+    log_ticks(a, max_labels);
   } else {
-    linear_ticks(a, spec.tick_step);
+    linear_ticks(a, spec.tick_step, max_labels);
   }
   return a;
 }

@@ -122,7 +122,11 @@ void draw_legend(cairo_t* cr, const Frame& f, const graphics::Panel& panel,
   const bool left = panel.legend == Place::kTopLeft || panel.legend == Place::kBottomLeft;
   const bool top = panel.legend == Place::kTopLeft || panel.legend == Place::kTopRight;
   const double x = left ? f.left + kLegendInset : f.right() - kLegendInset - w;
-  const double y = top ? f.top + kLegendInset : f.bottom() - kLegendInset - h;
+  // A legend at the top stays below the labels of the vertical markers.
+  const bool labelled = std::any_of(panel.markers.begin(), panel.markers.end(),
+                                    [](const graphics::Marker& m) { return !m.label.empty(); });
+  const double below_labels = labelled ? row : 0;
+  const double y = top ? f.top + kLegendInset + below_labels : f.bottom() - kLegendInset - h;
   cairo_rectangle(cr, x, y, w, h);
   cairo_set_source_rgba(cr, 1, 1, 1, 0.88);
   cairo_fill_preserve(cr);

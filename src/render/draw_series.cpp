@@ -77,31 +77,28 @@ void draw_curve(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d
 }
 
 void draw_error_bars(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  // Thin filled rectangles rather than strokes: the same on paper, and far quicker for
+  // thousands of bars.
+  constexpr double kWidth = 0.8;
   const double cap = d.symbol == graphics::Symbol::kNone ? 2.0 : 0.4 * d.symbol_size;
+  set_colour(cr, d.rgb);
   for (std::size_t i = 0; i < s.x.size(); ++i) {
     const Placed p = place(f, s.x[i], s.y[i]);
     if (!p.ok || core::is_missing(s.err[i]) || !std::isfinite(s.err[i])) continue;
     const double e = std::abs(s.err[i]);
     const double top = page_y_or_bottom(f, s.y[i] + e);
     const double bottom = page_y_or_bottom(f, s.y[i] - e);
-    cairo_move_to(cr, p.x, top);
-    cairo_line_to(cr, p.x, bottom);
-    cairo_move_to(cr, p.x - cap, top);
-    cairo_line_to(cr, p.x + cap, top);
-    cairo_move_to(cr, p.x - cap, bottom);
-    cairo_line_to(cr, p.x + cap, bottom);
+    cairo_rectangle(cr, p.x - kWidth / 2, top, kWidth, bottom - top);
+    cairo_rectangle(cr, p.x - cap, top - kWidth / 2, 2 * cap, kWidth);
+    cairo_rectangle(cr, p.x - cap, bottom - kWidth / 2, 2 * cap, kWidth);
+    cairo_fill(cr);
   }
-  set_colour(cr, d.rgb);
-  set_line(cr, graphics::Dash::kSolid, 0.8);
-  cairo_stroke(cr);
 }
 
-void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
-  bool closed = false;
-  for (std::size_t i = 0; i < s.x.size(); ++i) {
-    const Placed p = place(f, s.x[i], s.y[i]);
-    if (p.ok) closed = add_symbol(cr, d.symbol, p.x, p.y, d.symbol_size);
-  }
+// Fills (or strokes, for the cross and plus) the symbol at (x, y) with a thin white
+// edge that keeps overlapping symbols apart.
+void paint_symbol(cairo_t* cr, const DrawStyle& d, double x, double y) {
+  const bool closed = add_symbol(cr, d.symbol, x, y, d.symbol_size);
   set_colour(cr, d.rgb);
   if (closed) {
     cairo_fill_preserve(cr);
@@ -111,6 +108,42 @@ void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle&
     set_line(cr, graphics::Dash::kSolid, 1.2);
   }
   cairo_stroke(cr);
+}
+
+// On a bitmap the symbol is drawn once into a small image and stamped at each point,
+// on whole device pixels; on vector pages each symbol is a path of its own.
+void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
+  if (cairo_surface_get_type(cairo_get_target(cr)) != CAIRO_SURFACE_TYPE_IMAGE) {
+    for (std::size_t i = 0; i < s.x.size(); ++i) {
+      const Placed p = place(f, s.x[i], s.y[i]);
+      if (p.ok) paint_symbol(cr, d, p.x, p.y);
+    }
+    return;
+  }
+  cairo_matrix_t page;  // page points to device pixels, without rotation
+  cairo_get_matrix(cr, &page);
+  const double scale = page.xx;
+  const int side = static_cast<int>(std::ceil((1.5 * d.symbol_size + 2) * scale)) | 1;
+  cairo_surface_t* stamp = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, side, side);
+  cairo_t* sc = cairo_create(stamp);
+  cairo_scale(sc, scale, scale);
+  paint_symbol(sc, d, side / (2 * scale), side / (2 * scale));
+  cairo_destroy(sc);
+
+  cairo_save(cr);
+  cairo_identity_matrix(cr);
+  const double half = side / 2;
+  for (std::size_t i = 0; i < s.x.size(); ++i) {
+    Placed p = place(f, s.x[i], s.y[i]);
+    if (!p.ok) continue;
+    cairo_matrix_transform_point(&page, &p.x, &p.y);
+    const double x = std::round(p.x) - half, y = std::round(p.y) - half;
+    cairo_set_source_surface(cr, stamp, x, y);
+    cairo_rectangle(cr, x, y, side, side);
+    cairo_fill(cr);
+  }
+  cairo_restore(cr);
+  cairo_surface_destroy(stamp);
 }
 
 // Open triangles on the x axis, pointing up, at the x of each missing y.

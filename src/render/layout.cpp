@@ -69,6 +69,10 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
     f.top = top;
     f.width = std::max(1.0, right - left);
     f.height = std::max(1.0, plot_heights * p.height / weights);
+    // Now that the area's size is known, as many tick labels as fit without crowding.
+    const graphics::PanelExtent extent = graphics::panel_extent(p);
+    f.x = graphics::make_axis_scale(p.x_axis, extent.x, f.width / (widest_x + 4 * kGap));
+    f.y = graphics::make_axis_scale(p.y_axis, extent.y, f.height / (1.7 * tick_h));
     top += f.height + kTickLength + kGap + tick_h + (p.x_axis.label.empty() ? 0 : label_h + kGap) +
            kGap;
   }

@@ -16,9 +16,9 @@ namespace {
 
 const std::string kData = TIDEMARK_TEST_DATA "/graphics/";
 
-// Golden images are rendered at 720 x 540 pixels. Set TIDEMARK_UPDATE_GOLDEN=1 to write
-// them afresh (then look at them before committing).
-const RenderOptions kGoldenOptions{.width = 540, .height = 405, .dpi = 96};
+// Golden images are the default page at 72 dpi: 720 x 540 pixels. Set
+// TIDEMARK_UPDATE_GOLDEN=1 to write them afresh (then look at them before committing).
+const RenderOptions kGoldenOptions{.dpi = 72};
 
 // A pixel differs when a channel differs by more than this (anti-aliasing and font
 // hinting move edges by less); an image differs when more than kMaxDifferentPixels do.

@@ -1,0 +1,186 @@
+#include "formula/modes/spreadsheet_commands.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "core/text.h"
+#include "formula/function_parser.h"
+#include "formula/spreadsheet_formula.h"
+#include "formula/spreadsheet_grid.h"
+#include "formula/spreadsheet_ops.h"
+#include "shell/command_text.h"
+#include "shell/settings_file.h"
+#include "ui/dialog.h"
+
+namespace tidemark::formula {
+
+namespace {
+
+constexpr std::string_view kTitle = "Data Spread Sheet";
+constexpr std::string_view kOpen = "SPREADSHEET";
+constexpr std::string_view kFinish = "SPREADSHEET_FINISH";
+constexpr std::string_view kUpdate = "SPREADSHEET_UPDATE";
+constexpr std::string_view kFunction = "SPREADSHEET_FUNCTION=";
+
+// The spin values, in field order.
+enum Spin : int { kBinSize = 0, kOneEvery, kStartingAt, kPercent };
+
+const ui::Dialog& spins() {
+  static const ui::Dialog dialog{
+      std::string(kTitle),
+      {{"Bin Size", ui::FieldKind::kInteger, "2", "Average", {}},
+       {"One every", ui::FieldKind::kInteger, "2", "Select", {}},
+       {"points starting at", ui::FieldKind::kInteger, "1", "Select", {}},
+       {"%", ui::FieldKind::kInteger, "10", "Corrupt", {}}}};
+  return dialog;
+}
+
+using Values = std::vector<ui::FieldValue>;
+
+int spin(const Values& values, Spin s) {
+  return std::get<int>(values[static_cast<std::size_t>(s)]);
+}
+
+// A reshaping command and the operation it runs with the spin values.
+struct Operation {
+  std::string_view name;
+  SheetStatus (*run)(Grid&, const Values&, core::Random&);
+};
+
+constexpr Operation kOperations[] = {
+    {"SPREADSHEET_AVERAGE",
+     [](Grid& g, const Values& v, core::Random&) { return average_rows(g, spin(v, kBinSize)); }},
+    {"SPREADSHEET_SELECT",
+     [](Grid& g, const Values& v, core::Random&) {
+       return select_rows(g, spin(v, kOneEvery), spin(v, kStartingAt));
+     }},
+    {"SPREADSHEET_CROP", [](Grid& g, const Values&, core::Random&) { return crop_rows(g); }},
+    {"SPREADSHEET_SHUFFLE",
+     [](Grid& g, const Values&, core::Random& r) { return shuffle_rows(g, r); }},
+    {"SPREADSHEET_CORRUPT",
+     [](Grid& g, const Values& v, core::Random& r) {
+       return corrupt_values(g, spin(v, kPercent), r);
+     }},
+};
+
+class SpreadsheetCommands : public shell::CommandHandler {
+ public:
+  bool handle(std::string_view command, shell::Session& session) override {
+    const std::string_view trimmed = core::trim(command);
+    if (shell::command_is(trimmed, "SET")) return set_spin(trimmed, session);
+    if (shell::command_is(trimmed, kFinish)) return finish(session);
+    if (shell::command_is(trimmed, kUpdate)) return update(session);
+    if (shell::command_is(trimmed, kFunction)) return evaluate(trimmed, session);
+    for (const Operation& op : kOperations) {
+      if (shell::command_is(trimmed, op.name)) return reshape(op, session);
+    }
+    if (core::to_upper(core::rtrim(trimmed)) == kOpen) return open(session);
+    return false;
+  }
+
+ private:
+  // The grid, opened on the current data set when it is not open (or when the data set
+  // it was opened on is gone); no value, after a message, when there is no data set.
+  Grid* grid(shell::Session& session) {
+    if (grid_ && source_ >= session.store().count()) grid_.reset();
+    if (!grid_) {
+      if (session.store().empty()) {
+        session.error(kTitle, {"There is no data set for the spreadsheet: read a data set first."});
+        return nullptr;
+      }
+      grid_.emplace(session.store().current());
+      source_ = session.store().current_index();
+    }
+    return &*grid_;
+  }
+
+  std::string rows_line(std::string_view name) const {
+    return std::string(name) + ": " + std::to_string(grid_->rows()) + " rows";
+  }
+
+  bool open(shell::Session& session) {
+    if (Grid* g = grid(session)) {
+      session.ui().show_text(kTitle, grid_text(*g));
+      session.carried_out(kOpen, kOpen);
+    }
+    return true;
+  }
+
+  bool finish(shell::Session& session) {
+    grid_.reset();
+    session.carried_out(kFinish, {});
+    return true;
+  }
+
+  bool update(shell::Session& session) {
+    Grid* g = grid(session);
+    if (g == nullptr) return true;
+    data::DataSet& target = session.store().at(source_);
+    write_back(*g, target);
+    session.carried_out(kUpdate, rows_line(kUpdate) + " written to " + target.file_name);
+    return true;
+  }
+
+  bool evaluate(std::string_view command, shell::Session& session) {
+    const std::string text(core::trim(command.substr(kFunction.size())));
+    Grid* g = grid(session);
+    if (g == nullptr) return true;
+    const SheetStatus status = assign_formula(*g, text, parser_);
+    if (!status.ok) {
+      session.error(status.title, status.lines);
+      return true;
+    }
+    const std::string line = std::string(kFunction) + " " + text;
+    session.carried_out(line, line);
+    return true;
+  }
+
+  bool reshape(const Operation& op, shell::Session& session) {
+    Grid* g = grid(session);
+    if (g == nullptr) return true;
+    const SheetStatus status = op.run(*g, values_, session.random());
+    if (!status.ok) {
+      session.error(status.title, status.lines);
+      return true;
+    }
+    session.carried_out(op.name, rows_line(op.name));
+    return true;
+  }
+
+  // SET of a spin value; any other label, or one the current mode's dialog has too, is
+  // left to the mode.
+  bool set_spin(std::string_view command, shell::Session& session) {
+    const auto assignment = shell::split_assignment(shell::command_argument(command, "SET"));
+    if (!assignment || !spins().find(assignment->label)) return false;
+    if (session.mode() >= 1) {
+      const auto module = session.make_module(session.mode());
+      if (module && module->dialog().find(assignment->label)) return false;
+    }
+    const std::string problem = shell::assign_field(spins(), *assignment, values_);
+    if (!problem.empty()) {
+      session.error(kTitle, {problem});
+      return true;
+    }
+    const std::size_t index = *spins().find(assignment->label);
+    const ui::Field& field = spins().fields[index];
+    const std::string line =
+        "SET " + field.label + " = " + ui::format_field_value(field, values_[index]);
+    session.carried_out(line, line);
+    return true;
+  }
+
+  Values values_ = ui::default_values(spins());
+  std::optional<Grid> grid_;
+  int source_ = -1;
+  FunctionParser parser_;
+};
+
+}  // namespace
+
+std::unique_ptr<shell::CommandHandler> make_spreadsheet_commands() {
+  return std::make_unique<SpreadsheetCommands>();
+}
+
+}  // namespace tidemark::formula

@@ -1,0 +1,87 @@
+#include "stats/modes/xapen_mode.h"
+
+#include <optional>
+
+#include "core/file_replace.h"
+#include "stats/modes/xapen_graph.h"
+#include "stats/modes/xapen_report.h"
+#include "stats/modes/xapen_selection.h"
+
+namespace tidemark::stats {
+
+namespace {
+
+enum Field { kASeries, kBSeries, kCycles, kR };
+
+// Fewer cycles leave the SDs without a divisor.
+constexpr int kMinCycles = 2;
+
+class XApEnModule : public shell::Module {
+ public:
+  const ui::Dialog& dialog() const override { return dialog_; }
+  std::string settings_file() const override { return "do_xapen.ini"; }
+  std::vector<std::string> prefixes() const override { return {"XAPEN"}; }
+
+  shell::Outcome calculate(shell::ModuleContext& c) override {
+    const int cycles = std::get<int>(c.values[kCycles]);
+    if (cycles < kMinCycles) return shell::Outcome::error({"MC Cycles must be at least 2."});
+    const XApEnSelection s = select_xapen_series(c.store, std::get<int>(c.values[kASeries]),
+                                                 std::get<int>(c.values[kBSeries]));
+    if (!s.ok) return shell::Outcome::error(s.messages);
+    const Standardised a = standardise(s.ya, s.sa), b = standardise(s.yb, s.sb);
+    XApEnReport report{.a_name = s.a->file_name,
+                       .b_name = s.b->file_name,
+                       .r = std::get<double>(c.values[kR]),
+                       .n = static_cast<int>(a.x.size()),
+                       .cycles = cycles,
+                       .data = {},
+                       .noise = {},
+                       .random = {},
+                       .ratio = {},
+                       .hits = HitTable(static_cast<int>(a.x.size()))};
+    report.data = cross_apen(a.x, b.x, report.r, &report.hits);
+    auto progress = c.ui.progress("X_ApEn Monte-Carlo cycles");
+    const XApEnCycles runs = xapen_monte_carlo(
+        a.x, a.s, b.x, b.s, report.r,
+        {.cycles = cycles, .seed = c.random.next(), .threads = 0, .progress = [&](double f) {
+           return !progress || progress->update(f);
+         }});
+    if (runs.cancelled) return shell::Outcome::error({"X_ApEn calculation cancelled."});
+    summarize_cycles(runs, report);
+    for (const auto& [path, text] : {std::pair{&c.listing, xapen_listing(report)},
+                                     std::pair{&c.graph, xapen_graph(report, *s.a, *s.b)}}) {
+      const auto written = core::replace_file(*path, text);
+      if (!written.ok) return shell::Outcome::error({written.message});
+    }
+    for (const std::string& line : xapen_result_lines(report)) c.log.log(line);
+    current_ = std::move(report);
+    return shell::Outcome::success();
+  }
+
+  bool store_results() override {
+    if (!current_) return false;
+    kept_ = current_;
+    return true;
+  }
+  bool recall_results() override {
+    if (!kept_) return false;
+    current_ = kept_;
+    return true;
+  }
+
+ private:
+  ui::Dialog dialog_{"Cross-Approximate-Entropy",
+                     {{"A Series", ui::FieldKind::kInteger, "1", "Series", {}},
+                      {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
+                      {"MC Cycles", ui::FieldKind::kInteger, "1000", "Parameters", {}},
+                      {"R", ui::FieldKind::kReal, "0.200", "Parameters", {}}}};
+  std::optional<XApEnReport> current_, kept_;
+};
+
+}  // namespace
+
+std::unique_ptr<shell::Module> make_xapen_module() {
+  return std::make_unique<XApEnModule>();
+}
+
+}  // namespace tidemark::stats

@@ -1,0 +1,165 @@
+#include "stats/modes/xapen_mode.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/missing.h"
+#include "graphics/plot_parser.h"
+#include "shell/session_fixture.h"
+#include "stats/modes/xapen_graph.h"
+#include "stats/modes/xapen_report.h"
+#include "stats/modes/xapen_selection.h"
+
+namespace tidemark::stats {
+namespace {
+
+using testing_support::data_set;
+using testing_support::Scratch;
+using testing_support::SessionFixture;
+using Lines = std::vector<std::string>;
+
+shell::ModuleFactories xapen_modes() {
+  shell::ModuleFactories modes;
+  modes[13] = [](int) { return make_xapen_module(); };  // X_ApEn is mode 14
+  return modes;
+}
+
+data::Store store_of(std::vector<data::DataSet> sets) {
+  data::Store store;
+  for (auto& set : sets) store.append(std::move(set));
+  return store;
+}
+
+TEST(XApEnSelection, EachUnusablePairIsRefusedWithItsMessage) {
+  data::DataSet shifted = data_set("b.dat", "B", 5);
+  shifted.x()[3] += 1;
+  data::DataSet gap = data_set("b.dat", "B", 5);
+  gap.y()[2] = core::kMissingF;
+  struct Case {
+    const char* what;
+    std::vector<data::DataSet> sets;
+    int b;
+    Lines messages;
+  };
+  const Case cases[] = {
+      {"one set",
+       {data_set("a.dat", "A", 5)},
+       2,
+       {"Cross-ApEn requires two data sets.", "Therefore, please read another data set."}},
+      {"unequal lengths",
+       {data_set("a.dat", "A", 5), data_set("b.dat", "B", 6)},
+       2,
+       {"Cross-ApEn requires two data sets", "with equal numbers of data points.",
+        "Please select new data sets."}},
+      {"other times",
+       {data_set("a.dat", "A", 5), shifted},
+       2,
+       {"Cross-ApEn requires two data sets", "with identical time values!",
+        "Please select new data sets."}},
+      {"missing value",
+       {data_set("a.dat", "A", 5), gap},
+       2,
+       {"Cross-ApEn requires two data sets", "without missing concentrations.",
+        "Please select new data sets."}},
+      {"two points",
+       {data_set("a.dat", "A", 2), data_set("b.dat", "B", 2)},
+       2,
+       {"Please get more data."}},
+      {"no such set",
+       {data_set("a.dat", "A", 5), data_set("b.dat", "B", 5)},
+       3,
+       {"There is no data set 3: choose 1 to 2."}},
+  };
+  for (const Case& c : cases) {
+    const data::Store store = store_of(c.sets);
+    const XApEnSelection s = select_xapen_series(store, 1, c.b);
+    EXPECT_FALSE(s.ok) << c.what;
+    EXPECT_EQ(s.messages, c.messages) << c.what;
+  }
+}
+
+TEST(XApEnRatio, IsXApEnOverTheRandomMeanWithPropagatedSdAndMissingWhenThatMeanIsZero) {
+  // Hand derivation: 1 / 2 = 0.5; SD = sqrt((0.1/2)^2 + (0.5 × 0.2/2)^2) = sqrt(0.005).
+  const Ratio r = xapen_ratio(1.0, {3.0, 0.1}, {2.0, 0.2});
+  EXPECT_DOUBLE_EQ(r.value, 0.5);
+  EXPECT_NEAR(r.sd, std::sqrt(0.005), 1e-15);
+  const Ratio none = xapen_ratio(1.0, {3.0, 0.1}, {0.0, 0.2});
+  EXPECT_EQ(none.value, core::kMissing);
+  EXPECT_EQ(none.sd, core::kMissing);
+}
+
+class XApEnMode : public testing::Test {
+ protected:
+  XApEnMode() : f(xapen_modes()) {
+    f.session->store().append(data_set("a.dat", "A", 5));
+    f.session->store().append(data_set("b.dat", "B", 5));
+  }
+  Lines listing() {
+    f.run({"SEED 5", "MODE X_ApEn", "SET MC Cycles = 3", "XAPEN_CALCULATE", "XApEn_VIEW"});
+    EXPECT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+    Lines lines;
+    if (f.ui.texts.empty()) return lines;
+    std::istringstream in(f.ui.texts[0]);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+  }
+  SessionFixture f;
+};
+
+// Two series 1, 2, 3, 4, 5 (the same after standardising, spacing 1/SD = 0.63 > R = 0.2)
+// match only at the same place: X-ApEn(1) = ln(4/5), X-ApEn(2) = ln(3/4), written by
+// gfortran with (1PG15.5) as -0.22314 and -0.28768; hits only at lag 0, 5 for m = 1 and
+// 4 for m = 2.
+TEST_F(XApEnMode, ListingHoldsTheDataValuesTheLabelsInOrderAndTheHitTable) {
+  const Lines lines = listing();
+  ASSERT_EQ(lines.size(), 4u + 8u + 3u + 9u);
+  EXPECT_EQ(lines[0], " XApEn Calculation");
+  EXPECT_EQ(lines[1], " a.dat  vs. b.dat");
+  EXPECT_EQ(lines[2], " R =     0.20000     * SD");
+  EXPECT_EQ(lines[3], " with 3 Monte-Carlo cycles");
+  EXPECT_EQ(lines[4], " XApEn(1,0.20,5) =    -0.22314    ");
+  EXPECT_EQ(lines[8], " XApEn(2,0.20,5) =    -0.28768    ");
+  const Lines labels = {" +Noise XApEn(1,", " Random XApEn(1,", " Ratio XApEn(1,",
+                        " +Noise XApEn(2,", " Random XApEn(1,", " Ratio XApEn(2,"};
+  const int rows[] = {5, 6, 7, 9, 10, 11};
+  for (int k = 0; k < 6; ++k) {
+    EXPECT_EQ(lines[rows[k]].rfind(labels[k], 0), 0u) << lines[rows[k]];
+    EXPECT_NE(lines[rows[k]].find("+/-"), std::string::npos) << lines[rows[k]];
+  }
+  EXPECT_EQ(lines[13], " Summary of \"Hits\"");
+  EXPECT_EQ(lines[14], "     Lag       m=0       m=1");
+  EXPECT_EQ(lines[15], "      -4         0         0");
+  EXPECT_EQ(lines[19], "       0         5         4");
+}
+
+TEST_F(XApEnMode, TheGraphSourceParsesAndIsTitledTimeBetweenMatches) {
+  listing();
+  const std::string source = Scratch::read(f.session->files().graph_path());
+  const graphics::ParsedPlot plot = graphics::parse_plot(source);
+  EXPECT_TRUE(plot.ok) << plot.message;
+  EXPECT_NE(source.find("PAGE \"TIME BETWEEN MATCHES\""), std::string::npos);
+  ASSERT_FALSE(plot.options.empty());
+  EXPECT_EQ(plot.options[0].label, kShowSecondLength);
+}
+
+TEST(XApEnReplay, TheHistoryReproducesTheListingByteForByte) {
+  Scratch out;
+  const auto run = [&](SessionFixture& f, const Lines& commands) {
+    f.session->store().append(data_set("a.dat", "A", 8));
+    f.session->store().append(data_set("b.dat", "B", 8));
+    f.run(commands);
+  };
+  SessionFixture first(xapen_modes());
+  run(first, {"SEED 17", "MODE X_ApEn", "SET MC Cycles = 40", "SET R = 0.5", "XAPEN_CALCULATE",
+              "COPY_LST \"" + (out / "first.lst").string() + "\""});
+  const std::string listing = Scratch::read(out / "first.lst");
+  std::filesystem::remove(out / "first.lst");
+  SessionFixture second(xapen_modes());
+  run(second, {"@ \"" + first.session->files().history_path().string() + "\""});
+  EXPECT_FALSE(second.session->failed()) << testing::PrintToString(second.ui.shown());
+  EXPECT_EQ(Scratch::read(out / "first.lst"), listing);
+}
+
+}  // namespace
+}  // namespace tidemark::stats

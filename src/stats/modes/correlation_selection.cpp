@@ -1,0 +1,52 @@
+#include "stats/modes/correlation_selection.h"
+
+#include <fmt/format.h>
+
+#include "core/missing.h"
+
+namespace tidemark::stats {
+namespace {
+
+// The crop range of `set` as 0-based [first, last).
+std::pair<int, int> crop(const data::DataSet& set) {
+  return set.size() == 0 ? std::pair{0, 0} : std::pair{set.first_point() - 1, set.last_point()};
+}
+
+}  // namespace
+
+PairedSeries select_paired_series(const data::Store& store, int a_number, int b_number,
+                                  std::string_view mode_title, int min_points) {
+  PairedSeries s;
+  const std::string opening = fmt::format("{} requires two data sets", mode_title);
+  const auto refuse = [&](std::vector<std::string> lines) {
+    s.messages = std::move(lines);
+    return s;
+  };
+  if (store.count() < 2) return refuse({opening + ".", "Therefore, please read another data set."});
+  for (const int number : {a_number, b_number})
+    if (number < 1 || number > store.count())
+      return refuse(
+          {fmt::format("There is no data set {}: choose 1 to {}.", number, store.count())});
+  s.a = &store.at(a_number - 1);
+  s.b = &store.at(b_number - 1);
+  const auto [a0, a1] = crop(*s.a);
+  const auto [b0, b1] = crop(*s.b);
+  const int n = a1 - a0;
+  if (n != b1 - b0)
+    return refuse({opening, "with equal numbers of data points.", "Please select new data sets."});
+  for (int k = 0; k < n; ++k) {
+    if (s.a->x()[a0 + k] != s.b->x()[b0 + k])
+      return refuse({opening, "with identical time values!", "Please select new data sets."});
+    if (core::is_missing(s.a->y()[a0 + k]) || core::is_missing(s.b->y()[b0 + k]))
+      return refuse({opening, "without missing concentrations.", "Please select new data sets."});
+  }
+  if (n < min_points) return refuse({"Please get more data."});
+  s.x.assign(s.a->x().begin() + a0, s.a->x().begin() + a1);
+  s.ya.assign(s.a->y().begin() + a0, s.a->y().begin() + a1);
+  s.yb.assign(s.b->y().begin() + b0, s.b->y().begin() + b1);
+  s.delta_t = n >= 2 ? static_cast<double>(s.x[1]) - s.x[0] : 0.0;
+  s.ok = true;
+  return s;
+}
+
+}  // namespace tidemark::stats

@@ -1,0 +1,194 @@
+// The spreadsheet's commands through the real headless program: command files in a fresh
+// program folder, the data set written back out with WRITE_NATIVE and read here.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "shell/program_runner.h"
+#include "shell/scratch.h"
+
+namespace tidemark::testing_support {
+namespace {
+
+namespace fs = std::filesystem;
+using Lines = std::vector<std::string>;
+using Column = std::vector<double>;
+
+// Six points: TIME 0..50, Y 1..6; the crop range is rows 2 to 4.
+constexpr const char* kSixPoints =
+    "!FILENAME = six.dat\n!CROP_Start = 2\n!CROP_End = 4\n!header_x = TIME\n!header_y = Y\n"
+    "0 1 0.1 2\n10 2 0.1 2\n20 3 0.1 2\n30 4 0.1 2\n40 5 0.1 2\n50 6 0.1 2\n";
+
+Lines lines_of(const std::string& text) {
+  Lines lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+bool has_line(const Lines& lines, const std::string& line) {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+class Spreadsheet : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!fs::exists(tidemark_binary())) GTEST_SKIP() << "build the tidemark program first";
+  }
+
+  // Reads the six points, runs `commands`, then writes the data set to out.dat; each run
+  // in a fresh program folder.
+  ProgramRun run(const std::string& commands) {
+    fs::remove_all(dir / "home");
+    const auto data = dir.write("six.dat", kSixPoints);
+    const auto file = dir.write("run.cmd", "READ_NATIVE \"" + data.string() + "\"\n" + commands +
+                                               "WRITE_NATIVE \"out.dat\"\n");
+    return run_tidemark(dir / "home", dir.path(), {"-@", file.string()}, "");
+  }
+
+  // Column `c` (0 = TIME, 1 = Y) of the data lines of out.dat.
+  Column written(int c) const {
+    Column values;
+    for (const std::string& line : lines_of(Scratch::read(dir / "out.dat"))) {
+      if (line.empty() || line[0] == '!' || line[0] == ';') continue;
+      std::istringstream in(line);
+      double v = 0;
+      for (int i = 0; i <= c; ++i) in >> v;
+      values.push_back(v);
+    }
+    return values;
+  }
+
+  Lines history() const {
+    for (const auto& entry : fs::directory_iterator(dir / "home" / "temp")) {
+      if (entry.path().filename().string().rfind("CMD_", 0) == 0) {
+        return lines_of(Scratch::read(entry.path()));
+      }
+    }
+    return {};
+  }
+
+  Scratch dir;
+};
+
+const Column kOriginalY = {1, 2, 3, 4, 5, 6};
+
+TEST_F(Spreadsheet, RangeAssignmentIsWrittenBackByUpdateAndRecorded) {
+  const ProgramRun r = run("SPREADSHEET_FUNCTION= Y(3:) = 0\nSPREADSHEET_UPDATE\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(written(1), (Column{1, 2, 0, 0, 0, 0}));
+  const Lines h = history();
+  EXPECT_TRUE(has_line(h, "SPREADSHEET_FUNCTION= Y(3:) = 0"));
+  EXPECT_TRUE(has_line(h, "SPREADSHEET_UPDATE"));
+}
+
+TEST_F(Spreadsheet, RefusedFormulasChangeNothingAndAreNotRecorded) {
+  const ProgramRun r =
+      run("SPREADSHEET_FUNCTION= N = 2*N\nSPREADSHEET_FUNCTION= Y 2\n"
+          "SPREADSHEET_FUNCTION= Y = 1/(N-4)\nSPREADSHEET_UPDATE\n");
+  EXPECT_EQ(r.status, 1);
+  const Lines err = lines_of(r.err);
+  EXPECT_TRUE(has_line(err, "Function Parse Error: *** N Cannot Be On Left Of Equal Sign"))
+      << r.err;
+  EXPECT_TRUE(has_line(err, "Function Parse Error: *** No Equal Sign")) << r.err;
+  EXPECT_TRUE(has_line(err, "Function Evaluation Error: Division by zero")) << r.err;
+  EXPECT_EQ(written(1), kOriginalY);
+  for (const std::string& line : history()) EXPECT_EQ(line.find("FUNCTION"), std::string::npos);
+}
+
+TEST_F(Spreadsheet, ChangesNotAcceptedAreDroppedByFinish) {
+  const ProgramRun r = run("SPREADSHEET_FUNCTION= Y = 0\nSPREADSHEET_FINISH\nSPREADSHEET_UPDATE\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(written(1), kOriginalY);
+}
+
+TEST_F(Spreadsheet, OpeningPrintsTheGridWithTheWorkingValues) {
+  const ProgramRun r = run("SPREADSHEET_FUNCTION= Y(1:1) = 1/3\nSPREADSHEET\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  const Lines out = lines_of(r.out);
+  // Rows as gfortran writes (I6,1PG15.5,1PG15.5,1PG15.5,I15) of 1, 0.0, 1/3, 0.1, 2.
+  EXPECT_TRUE(has_line(out, "Data Spread Sheet: six.dat, 6 rows")) << r.out;
+  const std::string row1 = "     1     0.0000        0.33333        0.10000                  2";
+  EXPECT_TRUE(std::any_of(out.begin(), out.end(), [&](const std::string& l) {
+    return l.rfind(row1, 0) == 0;
+  })) << r.out;
+  EXPECT_TRUE(has_line(history(), "SPREADSHEET"));
+}
+
+TEST_F(Spreadsheet, ReshapingCommandsUseTheSpinValuesSetWithSet) {
+  struct Case {
+    const char* commands;
+    Column time, y;
+  };
+  // By hand from TIME 0..50, Y 1..6 and crop rows 2..4.
+  const Case cases[] = {
+      {"SET Bin Size = 3\nSPREADSHEET_AVERAGE\n", {10, 40}, {2, 5}},
+      {"SPREADSHEET_AVERAGE\n", {5, 25, 45}, {1.5, 3.5, 5.5}},
+      {"SET One every = 2\nSET points starting at = 2\nSPREADSHEET_SELECT\n",
+       {10, 30, 50},
+       {2, 4, 6}},
+      {"SPREADSHEET_CROP\n", {10, 20, 30}, {2, 3, 4}},
+      {"SET % = 0\nSPREADSHEET_CORRUPT\n", {0, 10, 20, 30, 40, 50}, kOriginalY},
+  };
+  for (const Case& c : cases) {
+    const ProgramRun r = run(std::string(c.commands) + "SPREADSHEET_UPDATE\n");
+    EXPECT_EQ(r.status, 0) << c.commands << r.err;
+    EXPECT_EQ(written(0), c.time) << c.commands;
+    EXPECT_EQ(written(1), c.y) << c.commands;
+    for (const std::string& line : lines_of(c.commands)) {
+      EXPECT_TRUE(has_line(history(), line)) << line;
+    }
+  }
+}
+
+TEST_F(Spreadsheet, CommandsReachTheSpreadsheetFromAModesFrame) {
+  // ApEn has no field named "Bin Size", so SET inside its frame sets the spin value.
+  run("MODE ApEn\nSET Bin Size = 3\nSPREADSHEET_AVERAGE\nSPREADSHEET_UPDATE\n");
+  EXPECT_EQ(written(1), (Column{2, 5}));
+  EXPECT_TRUE(has_line(history(), "SET Bin Size = 3"));
+}
+
+TEST_F(Spreadsheet, ShuffleAndCorruptDependOnlyOnTheSeed) {
+  const std::string commands =
+      "SEED 11\nSPREADSHEET_SHUFFLE\nSPREADSHEET_CORRUPT\nSPREADSHEET_UPDATE\n";
+  ASSERT_EQ(run(commands).status, 0);
+  const Column first = written(1);
+  ASSERT_EQ(run(commands).status, 0);
+  EXPECT_EQ(written(1), first);
+  EXPECT_EQ(written(0), (Column{0, 10, 20, 30, 40, 50}));
+  EXPECT_NE(first, kOriginalY);
+}
+
+TEST_F(Spreadsheet, BadSpinValuesAndImpossibleReshapesAreRefused) {
+  const ProgramRun r =
+      run("SET Bin Size = two\nSET Bin Size = 6\nSPREADSHEET_AVERAGE\nSET points starting at = 9\n"
+          "SPREADSHEET_SELECT\nSPREADSHEET_UPDATE\n");
+  EXPECT_EQ(r.status, 1);
+  const Lines err = lines_of(r.err);
+  EXPECT_TRUE(std::any_of(err.begin(), err.end(), [](const std::string& l) {
+    return l.rfind("Data Spread Sheet: ", 0) == 0 && l.find("Bin Size") != std::string::npos;
+  })) << r.err;
+  EXPECT_TRUE(has_line(err,
+                       "Data Spread Sheet: The result would keep 1 rows; at least 2 are needed. "
+                       "Nothing was changed."))
+      << r.err;
+  EXPECT_TRUE(has_line(err, "Data Spread Sheet: points starting at must be a row from 1 to 6."))
+      << r.err;
+  EXPECT_EQ(written(1), kOriginalY);
+}
+
+TEST_F(Spreadsheet, WithoutADataSetTheSpreadsheetSaysSo) {
+  const auto file = dir.write("run.cmd", "SPREADSHEET\nSPREADSHEET_FUNCTION= Y = 1\n");
+  const ProgramRun r = run_tidemark(dir / "home", dir.path(), {"-@", file.string()}, "");
+  EXPECT_EQ(r.status, 1);
+  EXPECT_TRUE(has_line(
+      lines_of(r.err),
+      "Data Spread Sheet: There is no data set for the spreadsheet: read a data set first."))
+      << r.err;
+}
+
+}  // namespace
+}  // namespace tidemark::testing_support

@@ -21,8 +21,9 @@ using CoincidentPair = std::pair<int, int>;
 std::vector<CoincidentPair> match_events(std::span<const double> a, std::span<const double> b,
                                          CoincidenceRange range);
 
-// The number of pairs match_events would return, without recording them.
-int count_coincidences(std::span<const double> a, std::span<const double> b,
-                       CoincidenceRange range);
+// The number of pairs match_events would return, without recording them. `taken` is
+// working space (resized to b.size()), so that repeated counts allocate nothing.
+int count_coincidences(std::span<const double> a, std::span<const double> b, CoincidenceRange range,
+                       std::vector<char>& taken);
 
 }  // namespace tidemark::stats

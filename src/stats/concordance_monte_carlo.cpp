@@ -18,11 +18,12 @@ void run_cycles(const ConcordanceDraw& d, std::uint64_t seed, long begin, long e
   std::uint64_t mixer = seed;
   const std::uint64_t base = core::splitmix64(mixer);
   std::vector<double> a(static_cast<std::size_t>(d.n_a)), b(static_cast<std::size_t>(d.n_b));
+  std::vector<char> taken;
   for (long cycle = begin; cycle < end; ++cycle) {
     core::Random random(base + static_cast<std::uint64_t>(cycle));
     fill_uniform(random, d.range_a, a);
     fill_uniform(random, d.range_b, b);
-    ++counts[static_cast<std::size_t>(count_coincidences(a, b, d.coincidence))];
+    ++counts[static_cast<std::size_t>(count_coincidences(a, b, d.coincidence, taken))];
   }
 }
 

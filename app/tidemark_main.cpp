@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "formula/modes/spreadsheet_commands.h"
+#include "pulse/modes/gold_mode.h"
+#include "pulse/modes/simulate_commands.h"
 #include "shell/program.h"
 #include "ui/console_ui.h"
 
@@ -16,6 +18,8 @@ tidemark::shell::Components components() {
   // Menu order: 1 ApEn, 2 AutoDecon, 3 Cluster8, 4 Concordance, 5 Correlation, 6 Cosine,
   // 7 Deconv, 8 Gold_Method, 9 Periodic, 10 Pulse, 11 Pulse2, 12 Pulse4, 13 SRQuant,
   // 14 X_ApEn; parts.modules[index - 1] is the factory of mode `index`.
+  parts.modules[8 - 1] = [](int) { return tidemark::pulse::make_gold_mode(); };
+  parts.simulator = tidemark::pulse::make_simulate_commands;
   parts.spreadsheet = tidemark::formula::make_spreadsheet_commands;
   return parts;
 }

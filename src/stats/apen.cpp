@@ -20,13 +20,16 @@ double phi(const TemplateCounts& counts) {
 ApEnValues apen(std::span<const float> x, std::span<const std::uint8_t> usable, float r,
                 CountMethod method) {
   ApEnValues values;
+  const std::array<TemplateCounts, 3> counts =
+      method == CountMethod::kDirect
+          ? std::array<TemplateCounts, 3>{count_matches_direct(x, usable, r, 1),
+                                          count_matches_direct(x, usable, r, 2),
+                                          count_matches_direct(x, usable, r, 3)}
+          : count_matches_fast_all(x, usable, r);
   std::array<double, 3> phis{};
-  for (int m = 1; m <= 3; ++m) {
-    const TemplateCounts counts = method == CountMethod::kDirect
-                                      ? count_matches_direct(x, usable, r, m)
-                                      : count_matches_fast(x, usable, r, m);
-    phis[m - 1] = phi(counts);
-    values.usable[m - 1] = counts.usable;
+  for (std::size_t m = 0; m < 3; ++m) {
+    phis[m] = phi(counts[m]);
+    values.usable[m] = counts[m].usable;
   }
   values.apen1 = static_cast<float>(phis[0] - phis[1]);
   values.apen2 = static_cast<float>(phis[1] - phis[2]);

@@ -7,6 +7,7 @@
 // partner. Template j is a partner of template i when, in single precision,
 //   max over k < m of |x[i+k] − x[j+k]| ≤ r,
 // j = i included (the self-match).
+#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -24,14 +25,19 @@ struct TemplateCounts {
 TemplateCounts count_matches_direct(std::span<const float> x, std::span<const std::uint8_t> usable,
                                     float r, int m);
 
-// The same counts, fast. Usable templates are sorted by their first value; because
-// float subtraction is monotone, the partners of x[i] in the first value are a
-// contiguous run of the sorted values, found by binary search with the same test
-// |x[i] − x[j]| ≤ r. For m = 1 the run's length is the count; for m > 1 the run is
-// scanned for the remaining values (SIMD-friendly, stored contiguously in sorted order).
-// O(N log N) plus the total length of the runs. Values that are not finite make the
-// test non-monotone (inf − inf is NaN): such a series is counted by the direct method.
+// The same counts, fast. Usable templates are sorted by their first value;
+// because float subtraction is monotone, the partners of x[i] in the first value are a
+// contiguous run of the sorted values, and one sweep with the same test |x[i] − x[j]| ≤ r
+// finds every run. For m = 1 the run's length is the count; for m > 1 the run is scanned
+// four at a time (SIMD) for the remaining values, stored contiguously in sorted order.
+// O(N log N) plus the total length of the runs, memory O(N). Values that are not finite
+// make the test non-monotone (inf − inf is NaN): such a series is counted by the direct
+// method.
 TemplateCounts count_matches_fast(std::span<const float> x, std::span<const std::uint8_t> usable,
                                   float r, int m);
+
+// The fast counts of m = 1, 2 and 3 at once, from one sort of the usable points.
+std::array<TemplateCounts, 3> count_matches_fast_all(std::span<const float> x,
+                                                     std::span<const std::uint8_t> usable, float r);
 
 }  // namespace tidemark::stats

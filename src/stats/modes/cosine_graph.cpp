@@ -1,0 +1,61 @@
+#include "stats/modes/cosine_graph.h"
+
+#include <vector>
+
+#include "core/missing.h"
+#include "graphics/common_options.h"
+#include "graphics/plot_writer.h"
+
+namespace tidemark::stats {
+
+namespace {
+
+// The fitted curve over the series' time range, in kCosineCurvePoints steps.
+void write_curve(graphics::PlotWriter& w, const CosineGraph& graph) {
+  const std::vector<float>& x = graph.set.x();
+  if (!graph.fitted || x.empty()) return;
+  std::vector<double> t, y;
+  const double first = x.front(), last = x.back();
+  for (int i = 0; i <= kCosineCurvePoints; ++i) {
+    t.push_back(first + (last - first) * i / kCosineCurvePoints);
+    y.push_back(cosine_value(graph.values, t.back()));
+  }
+  w.begin_option("Show Fitted Curve", graphics::When::kChecked, true);
+  w.series("Cosine Fit", {.line = graphics::Dash::kSolid}, t, y);
+  w.end_option();
+}
+
+void write_scan(graphics::PlotWriter& w, const CosineGraph& graph) {
+  std::vector<double> period, percent;
+  for (std::size_t k = 0; k < graph.scan_period.size(); ++k) {
+    if (core::is_missing(graph.scan_percent[k])) continue;
+    period.push_back(graph.scan_period[k]);
+    percent.push_back(graph.scan_percent[k]);
+  }
+  w.panel("Period Scan", 0.6);
+  w.x_axis({.label = "Trial Period"});
+  w.y_axis({.label = "% Variance Remaining", .low = 0.0, .high = 100.0});
+  if (!period.empty()) {
+    w.series("Scan", {.symbol = graphics::Symbol::kCircle, .line = graphics::Dash::kSolid}, period,
+             percent);
+  }
+}
+
+}  // namespace
+
+std::string cosine_graph_source(const CosineGraph& graph) {
+  graphics::PlotWriter w;
+  w.page("Cosine Analysis");
+  w.panel(graph.set.handle);
+  w.x_axis({.label = graph.set.headers[data::kX].empty() ? "TIME" : graph.set.headers[data::kX]});
+  graphics::write_common_options(w, {.file_name = graph.set.file_name,
+                                     .handle = graph.set.handle,
+                                     .x = graph.set.x(),
+                                     .y = graph.set.y(),
+                                     .sd = graph.set.dy()});
+  write_curve(w, graph);
+  write_scan(w, graph);
+  return w.text();
+}
+
+}  // namespace tidemark::stats

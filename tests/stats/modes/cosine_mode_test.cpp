@@ -1,0 +1,101 @@
+#include "stats/modes/cosine_mode.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "graphics/plot_parser.h"
+#include "shell/session_fixture.h"
+
+namespace tidemark::stats {
+namespace {
+
+using testing_support::Scratch;
+using testing_support::SessionFixture;
+
+shell::ModuleFactories cosine_modes() {
+  shell::ModuleFactories modes;
+  modes[5] = make_cosine_module;  // Cosine is mode 6
+  return modes;
+}
+
+// 10 + 3 cos(2 pi (t - 50) / 240) at t = 0, 10, ..., 470, from its closed form.
+data::DataSet cosinor_set() {
+  data::DataSet set;
+  set.file_name = "lh.dat";
+  set.handle = "LH";
+  for (int i = 0; i < 48; ++i) {
+    const double t = 10.0 * i;
+    const double y = 10 + 3 * std::cos((t - 50) * 6.283185307 / 240);
+    set.push_point({static_cast<float>(t), static_cast<float>(y), 0.1f, 2, 0, 0, 0, 0});
+  }
+  return set;
+}
+
+class CosineMode : public testing::Test {
+ protected:
+  CosineMode() : f(cosine_modes()) { f.session->store().append(cosinor_set()); }
+  // The listing shown by COSINE_VIEW at the end of `commands`, all in one visit to the mode.
+  std::string listing_after(std::vector<std::string> commands) {
+    commands.push_back("COSINE_VIEW");
+    f.run(commands);
+    return f.ui.texts.empty() ? "" : f.ui.texts.back();
+  }
+  bool logged(const std::string& line) const {
+    const auto log = f.log();
+    return std::find(log.begin(), log.end(), line) != log.end();
+  }
+  SessionFixture f;
+};
+
+TEST_F(CosineMode, CalculateRecoversTheCosinorAndListsItsParameters) {
+  const std::string text = listing_after({"MODE Cosine", "SET Period = 240", "COSINE_CALCULATE"});
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  // Values as gfortran writes 240, 3, 50, 10 and 0 with (1PG15.5).
+  for (const char* line : {"Cosine Analysis of lh.dat\n", "\nPeriod         240.00    \n",
+                           "\nAmplitude      3.0000    ", "\nPhase          50.000    ",
+                           "\nMean           10.000    ", "\nSlope          0.0000    \n",
+                           "\n Variance = ", " with 48\n", " % variance remaining\n"}) {
+    EXPECT_NE(text.find(line), std::string::npos) << line << "\n" << text;
+  }
+  const auto graph = graphics::parse_plot(Scratch::read(f.session->files().graph_path()));
+  EXPECT_TRUE(graph.ok) << graph.message;
+}
+
+TEST_F(CosineMode, TheNextCalculateStartsFromTheLastFit) {
+  f.run({"MODE Cosine", "SET Period = 240", "COSINE_CALCULATE", "COSINE_CALCULATE"});
+  // The first reading of the grid holds the default amplitude (the standard deviation),
+  // the second the fitted amplitude 3 (1PG15.5 as gfortran writes it).
+  EXPECT_TRUE(logged("COSINE: Amplitude      3.0000     Fit = 1"));
+  EXPECT_TRUE(logged("COSINE: Period         240.00     Fit = 0"));
+}
+
+TEST_F(CosineMode, ANonPositivePeriodReportsTheEngineCode) {
+  const std::string text = listing_after({"MODE Cosine", "SET Period = 0", "COSINE_CALCULATE"});
+  EXPECT_TRUE(f.session->failed());
+  const auto shown = f.ui.shown();
+  ASSERT_FALSE(shown.empty());
+  EXPECT_EQ(shown[0], "Error Reported by Cosine:  LSFIT2 return error code = 1");
+  EXPECT_NE(text.find(" LSFIT2 return error code = 1\n"), std::string::npos);
+}
+
+TEST_F(CosineMode, SubtractResetAndStoreActOnTheConcentrations) {
+  const std::vector<float> original = f.session->store().current().y();
+  // Each COSINE_STORE keeps a copy of the series as it is then: without a period the
+  // subtraction changes nothing; after the fit it leaves zeros.
+  f.run({"MODE Cosine", "SET Period = 0", "COSINE_SUBTRACT", "COSINE_STORE", "SET Period = 240",
+         "COSINE_CALCULATE", "COSINE_SUBTRACT", "COSINE_STORE", "COSINE_RESET"});
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  const data::Store& store = f.session->store();
+  ASSERT_EQ(store.count(), 3);
+  EXPECT_EQ(store.current_index(), 0);
+  EXPECT_EQ(store.at(1).y(), original);
+  EXPECT_EQ(store.at(2).file_name, "lh_cos.dat");
+  EXPECT_EQ(store.at(2).handle, "LH_cos");
+  // The fitted curve is the series itself, stored in single precision.
+  for (const float y : store.at(2).y()) EXPECT_NEAR(y, 0, 1e-4);
+  EXPECT_EQ(store.current().y(), original);
+}
+
+}  // namespace
+}  // namespace tidemark::stats

@@ -13,8 +13,6 @@
 #include "shell/program.h"
 #include "stats/modes/concordance_mode.h"
 #include "stats/modes/correlation_mode.h"
-#include "stats/modes/concordance_mode.h"
-#include "stats/modes/correlation_mode.h"
 #include "stats/modes/cosine_mode.h"
 #include "stats/modes/xapen_mode.h"
 #include "ui/console_ui.h"
@@ -31,8 +29,6 @@ tidemark::shell::Components components() {
   parts.modules[4 - 1] = [](int) { return tidemark::stats::make_concordance_module(); };
   parts.modules[5 - 1] = [](int) { return tidemark::stats::make_correlation_module(); };
   parts.modules[6 - 1] = tidemark::stats::make_cosine_module;
-  parts.modules[4 - 1] = [](int) { return tidemark::stats::make_concordance_module(); };
-  parts.modules[5 - 1] = [](int) { return tidemark::stats::make_correlation_module(); };
   parts.modules[8 - 1] = [](int) { return tidemark::pulse::make_gold_mode(); };
   parts.simulator = tidemark::pulse::make_simulate_commands;
   parts.spreadsheet = tidemark::formula::make_spreadsheet_commands;

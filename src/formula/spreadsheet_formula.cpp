@@ -104,6 +104,7 @@ SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& pa
   const std::vector<int> read = variables_read(parser.slot(1));
   std::vector<double> row_values(kGridColumns);
   std::vector<double> results;
+  results.reserve(static_cast<std::size_t>(target->rows.last - target->rows.first + 1));
   for (int r = target->rows.first; r <= target->rows.last; ++r) {
     for (int c = 1; c <= kGridColumns; ++c) row_values[c - 1] = grid.value(r, c);
     bool missing = false;

@@ -61,10 +61,11 @@ TEST_F(GoldMode, ListsTheSecretionWithItsPeaksAtTheTrueEvents) {
   }
   // What is secreted: in Gold's model a burst of peak rate s at a sample releases s times
   // the sampled shape's area, h * sum of exp(-(10 m / 4)^2 / 2) over m = -2..2 = 10.879
-  // (python3; the continuous area 4 sqrt(2 pi) is 10.03). The truth: the two events, 10^0.5 * 4 sqrt(2 pi) = 31.7 and
-  // 10^0.8 * 4 sqrt(2 pi) = 63.2; the basal 0.1 per minute over the 101 sampling
-  // intervals, 101; and what the series starts with, the basal steady state
-  // 0.1 * 45 / ln 2 = 6.5, which the first samples carry. Total 202.4; within 10 %.
+  // (python3; the continuous area 4 sqrt(2 pi) is 10.03). The truth: the two events,
+  // 10^0.5 * 4 sqrt(2 pi) = 31.7 and 10^0.8 * 4 sqrt(2 pi) = 63.2; the basal 0.1 per
+  // minute over 101 samples of 10 minutes, 101; and the basal steady state the series
+  // starts with, 0.1 * 45 / ln 2 = 6.5, which the first samples carry. Total 202.4;
+  // within 10 %.
   double released = 0;
   for (const double v : s) released += v * 10.879;
   EXPECT_NEAR(released, 202.4, 20.0);

@@ -33,7 +33,11 @@ std::string cosine_listing(std::string_view file_name, const CosineFit& fit,
   for (int j = 0; j < kCosineParameters; ++j) {
     text += std::string(kCosineNames[j]) + core::format_g15_5(fit.values[j]);
     if (flags[j]) {
-      text += core::format_g15_5(fit.engine.lower[j]) + core::format_g15_5(fit.engine.upper[j]);
+      // The engine's interval is symmetric about its own value; the normalisation moves
+      // the value (sign of the amplitude, phase by periods), so the interval moves with it.
+      const double half_width = fit.engine.upper[j] - fit.engine.values[j];
+      text += core::format_g15_5(fit.values[j] - half_width) +
+              core::format_g15_5(fit.values[j] + half_width);
     }
     text += '\n';
   }

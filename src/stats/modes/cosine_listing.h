@@ -10,8 +10,8 @@
 //    Variance =     0.12345E-01 with 48
 //        5.1234     % variance remaining
 //
-// A fitted parameter's line carries the engine's 95 % interval; a held one its value
-// alone. Numbers in 1PG15.5.
+// A fitted parameter's line carries the engine's 95 % interval about the reported
+// (normalised) value; a held one its value alone. Numbers in 1PG15.5.
 #include <string>
 #include <string_view>
 

@@ -1,0 +1,106 @@
+#include "stats/modes/apen_mode.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/file_replace.h"
+#include "core/missing.h"
+#include "data/conditioner.h"
+#include "data/variance_model.h"
+#include "stats/apen_analysis.h"
+#include "stats/modes/apen_graph.h"
+#include "stats/modes/apen_listing.h"
+
+namespace tidemark::stats {
+namespace {
+
+using shell::ModuleContext;
+using shell::Outcome;
+
+std::string join_lines(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const auto& line : lines) text += line + "\n";
+  return text;
+}
+
+class ApEnModule : public shell::Module {
+ public:
+  const ui::Dialog& dialog() const override { return apen_dialog(); }
+  std::string settings_file() const override { return "do_apen.ini"; }
+  std::vector<std::string> prefixes() const override { return {"APEN"}; }
+
+  Outcome calculate(ModuleContext& c) override {
+    const data::ConditionResult conditioned =
+        data::condition(c.store.current(), false, c.ui, c.log);
+    if (!conditioned.ok) return Outcome::error({conditioned.message});
+    const data::DataSet& set = c.store.current();
+    ApEnOptions options{.difference = std::get<bool>(c.values[0]),
+                        .r_fraction = std::get<bool>(c.values[1]),
+                        .r = std::get<double>(c.values[2]),
+                        .cycles = std::get<int>(c.values[3])};
+    options.noise_seed = c.random.next();
+    options.shuffle_seed = c.random.next();
+    auto noise_progress = c.ui.progress("ApEn Noise Added Cycles");
+    auto shuffle_progress = c.ui.progress("ApEn Shuffled Cycles");
+    options.progress = [&](int pass, int done) {
+      auto& progress = pass == 1 ? noise_progress : shuffle_progress;
+      return !progress || progress->update(static_cast<double>(done) / options.cycles);
+    };
+    const ApEnResult result = analyse_apen(apen_series(set), options);
+    if (!result.ok) return Outcome::error({result.message});
+    const std::vector<std::string> lines = apen_listing(set.file_name, options.r, result);
+    core::replace_file(c.listing, join_lines(lines));
+    for (const auto& line : lines) c.log.log("APEN: " + line);
+    core::replace_file(c.graph, apen_graph_source(set, result));
+    c.ui.show_graph(c.graph.string());
+    current_ = result;
+    return Outcome::success();
+  }
+
+  bool store_results() override {
+    if (!current_) return false;
+    kept_ = current_;
+    return true;
+  }
+  bool recall_results() override {
+    if (!kept_) return false;
+    current_ = kept_;
+    return true;
+  }
+
+ private:
+  std::optional<ApEnResult> current_, kept_;
+};
+
+}  // namespace
+
+const ui::Dialog& apen_dialog() {
+  using ui::FieldKind;
+  static const ui::Dialog dialog{
+      "Approximate Entropy",
+      {{"First Difference Detrend", FieldKind::kCheck, "OFF", "Options", {}},
+       {"Use R as a Fraction of the Data's SD", FieldKind::kCheck, "ON", "Options", {}},
+       {"R", FieldKind::kReal, "0.2", "Parameters", {}},
+       {"MC Cycles", FieldKind::kInteger, "1000", "Parameters", {}}}};
+  return dialog;
+}
+
+WorkingSeries apen_series(const data::DataSet& set) {
+  WorkingSeries series;
+  for (int i = set.first_point() - 1; i < set.last_point(); ++i) {
+    const float y = set.y()[i];
+    const float dy = set.dy()[i];
+    const bool usable = !core::is_missing(y) && data::is_valid_point(y, set.reps()[i]);
+    series.x.push_back(y);
+    series.s.push_back(core::is_missing(dy) ? 0.0f : dy);
+    series.usable.push_back(usable ? 1 : 0);
+  }
+  return series;
+}
+
+std::unique_ptr<shell::Module> make_apen_module() {
+  return std::make_unique<ApEnModule>();
+}
+
+}  // namespace tidemark::stats

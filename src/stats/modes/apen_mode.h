@@ -1,0 +1,30 @@
+#pragma once
+// The driver of the ApEn mode: dialog "Approximate Entropy", settings file do_apen.ini,
+// commands APEN_CALCULATE, ApEn_PRINT and ApEn_VIEW (through the module frame).
+//
+// A calculation conditions the current data set (data::condition, which may insert
+// points into the stored set), takes the crop range's concentrations, standard errors
+// and usable flags (a point is usable when its concentration is present and positive
+// and its replicate count is not 0), runs analyse_apen with two seeds drawn from the
+// session's generator, writes the listing, logs its result lines and writes the graph.
+#include <memory>
+
+#include "shell/module.h"
+#include "stats/apen_series.h"
+
+namespace tidemark::data {
+struct DataSet;
+}
+
+namespace tidemark::stats {
+
+// The dialog: "First Difference Detrend" (OFF), "Use R as a Fraction of the Data's SD"
+// (ON), "R" (0.2) and "MC Cycles" (1000), in this order.
+const ui::Dialog& apen_dialog();
+
+// The working series of the crop range of `set`; a missing standard error is taken as 0.
+WorkingSeries apen_series(const data::DataSet& set);
+
+std::unique_ptr<shell::Module> make_apen_module();
+
+}  // namespace tidemark::stats

@@ -11,6 +11,7 @@
 #include "pulse/modes/simulate_commands.h"
 #include "shell/graph_commands.h"
 #include "shell/program.h"
+#include "stats/modes/apen_mode.h"
 #include "stats/modes/concordance_mode.h"
 #include "stats/modes/correlation_mode.h"
 #include "stats/modes/cosine_mode.h"
@@ -25,6 +26,7 @@ tidemark::shell::Components components() {
   // Menu order: 1 ApEn, 2 AutoDecon, 3 Cluster8, 4 Concordance, 5 Correlation, 6 Cosine,
   // 7 Deconv, 8 Gold_Method, 9 Periodic, 10 Pulse, 11 Pulse2, 12 Pulse4, 13 SRQuant,
   // 14 X_ApEn; parts.modules[index - 1] is the factory of mode `index`.
+  parts.modules[1 - 1] = [](int) { return tidemark::stats::make_apen_module(); };
   parts.modules[3 - 1] = [](int) { return tidemark::pulse::make_cluster8_module(); };
   parts.modules[4 - 1] = [](int) { return tidemark::stats::make_concordance_module(); };
   parts.modules[5 - 1] = [](int) { return tidemark::stats::make_correlation_module(); };

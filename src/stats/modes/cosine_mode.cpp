@@ -184,12 +184,14 @@ class CosineModule : public shell::Module {
 
 const ui::Dialog& cosine_dialog() {
   using ui::FieldKind;
+  // The model's caption heads the grid of starting values.
+  static const std::string kCaption = "Y=Amplitude*COS[2pi(X-Phase)/Period]+Mean+Slope*X";
   static const ui::Dialog dialog{"Cosine Analysis",
-                                 {{"Period", FieldKind::kReal, "-1.0E30", "Starting Value", {}},
-                                  {"Amplitude", FieldKind::kReal, "-1.0E30", "Starting Value", {}},
-                                  {"Phase", FieldKind::kReal, "0", "Starting Value", {}},
-                                  {"Mean", FieldKind::kReal, "-1.0E30", "Starting Value", {}},
-                                  {"Slope", FieldKind::kReal, "0", "Starting Value", {}},
+                                 {{"Period", FieldKind::kReal, "-1.0E30", kCaption, {}},
+                                  {"Amplitude", FieldKind::kReal, "-1.0E30", kCaption, {}},
+                                  {"Phase", FieldKind::kReal, "0", kCaption, {}},
+                                  {"Mean", FieldKind::kReal, "-1.0E30", kCaption, {}},
+                                  {"Slope", FieldKind::kReal, "0", kCaption, {}},
                                   {"Fit Period", FieldKind::kCheck, "OFF", "Fit", {}},
                                   {"Fit Amplitude", FieldKind::kCheck, "ON", "Fit", {}},
                                   {"Fit Phase", FieldKind::kCheck, "ON", "Fit", {}},

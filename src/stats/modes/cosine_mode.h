@@ -14,8 +14,8 @@
 
 namespace tidemark::stats {
 
-// The dialog of the mode: five starting values (grid "Starting Value") and five fit
-// flags (grid "Fit"), in the order Period, Amplitude, Phase, Mean, Slope.
+// The dialog of the mode: five starting values (in the grid headed by the model's caption) and five
+// fit flags (grid "Fit"), in the order Period, Amplitude, Phase, Mean, Slope.
 const ui::Dialog& cosine_dialog();
 
 std::unique_ptr<shell::Module> make_cosine_module(int variant);

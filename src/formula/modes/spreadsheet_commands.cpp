@@ -76,7 +76,7 @@ class SpreadsheetCommands : public shell::CommandHandler {
     for (const Operation& op : kOperations) {
       if (shell::command_is(trimmed, op.name)) return reshape(op, session);
     }
-    if (core::to_upper(core::rtrim(trimmed)) == kOpen) return open(session);
+    if (core::to_upper(trimmed) == kOpen) return open(session);
     return false;
   }
 

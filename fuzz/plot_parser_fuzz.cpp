@@ -1,7 +1,8 @@
 // Reads the input as a graph source, once with every option at its default and once
 // with every option flipped; checks that each outcome is either a plot whose series
 // have rows of three equal columns, or a message "line N: ..." with N within the
-// source, and that the options found are distinct.
+// source, and that the options found are distinct. A plot read is then drawn on a
+// small bitmap page, which must succeed whatever its values.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +11,7 @@
 #include <string_view>
 
 #include "graphics/plot_parser.h"
+#include "render/renderer.h"
 
 namespace {
 
@@ -36,6 +38,8 @@ void check_outcome(const ParsedPlot& p, std::string_view source) {
       check(series.x.size() == series.y.size() && series.y.size() == series.err.size());
     }
   }
+  const tidemark::render::RenderOptions small{.width = 72, .height = 72, .dpi = 36};
+  check(tidemark::render::render(p.plot, tidemark::render::Format::kPng, small).ok);
 }
 
 }  // namespace

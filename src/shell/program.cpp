@@ -66,13 +66,14 @@ void enter_default_folder(Session& session) {
   session.files().log("!CD to " + fs::current_path(ec).string());
 }
 
-// The command line's -grf_view, -@ and unknown arguments, after start-up.
+// The command line's -grf_view (GRF_VIEW: load the graph and draw it beside its
+// source), -@ and unknown arguments, after start-up.
 void act_on_command_line(const CommandLine& line, Session& session) {
   for (const auto& unknown : line.unknown) {
     session.error("Command Line", {"Unknown option: " + unknown});
   }
   if (line.graph_file)
-    handle_shared_command(command_with_file("LOAD_GRF", *line.graph_file), session);
+    handle_shared_command(command_with_file("GRF_VIEW", *line.graph_file), session);
   if (line.command_file) session.run_command_file(*line.command_file);
 }
 

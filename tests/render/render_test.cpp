@@ -10,6 +10,7 @@
 #include "graphics/plot_parser.h"
 #include "render/layout.h"
 #include "render/renderer.h"
+#include "render/svg_shapes.h"
 
 namespace tidemark::render {
 namespace {
@@ -117,20 +118,6 @@ TEST(GoldenComparison, OneMisplacedPointIsCaught) {
   EXPECT_GT(difference(png_of(plot), read_file(kData + "pulse_series.png")), kMaxDifferentPixels);
 }
 
-// Counts the closed sub-paths (each ends in "Z") of the SVG path elements filled with
-// `fill` ("rgb(...)").
-int closed_subpaths(const std::string& svg, const std::string& fill) {
-  int n = 0;
-  for (std::size_t at = svg.find(fill); at != std::string::npos; at = svg.find(fill, at + 1)) {
-    const std::size_t d = svg.find(" d=\"", at);
-    const std::size_t end = svg.find('"', d + 4);
-    const std::size_t element_end = svg.find("/>", at);
-    if (d == std::string::npos || d > element_end) continue;
-    for (std::size_t i = d + 4; i < end; ++i) n += svg[i] == 'Z';
-  }
-  return n;
-}
-
 TEST(RenderStructure, SvgHoldsOneMarkerPerDrawablePoint) {
   // Nine rows: one missing and one negative (not drawable on the log axis), so 7 squares.
   const std::string source =
@@ -138,8 +125,7 @@ TEST(RenderStructure, SvgHoldsOneMarkerPerDrawablePoint) {
       "1 1\n2 2\n3 MISSING\n4 -1\n5 5\n6 6\n7 7\n8 8\n9 9\nEND\n";
   const Rendered r = render(plot_of(source), Format::kSvg, {});
   ASSERT_TRUE(r.ok) << r.message;
-  // 0x12/255, 0x34/255, 0x56/255 as percentages, as cairo writes them.
-  EXPECT_EQ(closed_subpaths(r.bytes, "fill:rgb(7.058824%,20.392157%,33.72549%)"), 7);
+  EXPECT_EQ(testing_support::closed_subpaths(r.bytes, testing_support::kCountedFill), 7);
 }
 
 TEST(RenderStructure, LogAxisOfTheLaidOutPanelHasItsDecades) {

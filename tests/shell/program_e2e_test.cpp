@@ -166,10 +166,10 @@ TEST_F(Program, AnUnreadableRegistryIsASeriousErrorAndTheRunGoesOn) {
 TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
   const ProgramRun r = run_tidemark(home(), dir.path(), {"-grf_view", "a.grf"},
                                     "! a comment\nseed 12\nMODE x_apen\n");
-  EXPECT_EQ(r.status, 1);  // graphics are not available yet
+  EXPECT_EQ(r.status, 1);  // there is no a.grf to draw
   EXPECT_EQ(r.err,
-            "Graphics: Graphics are not available in this version.\n"
-            "Graphics: LOAD_GRF \"a.grf\"\n"
+            "Graphics: READ FAILED\n"
+            "Graphics: a.grf: the file cannot be read\n"
             "Mode Not Available: The X_ApEn mode is not available in this version.\n");
   const Lines h = history();
   EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE X_ApEn"}));

@@ -41,14 +41,6 @@ TEST(ApEnShuffle, EveryShuffleIsOneCycleThroughAllPoints) {
   }
 }
 
-TEST(ApEnNoise, ZeroStandardErrorsLeaveTheSeriesAsItIs) {
-  const WorkingSeries s{{1, 2, 3}, {0, 0, 0}, {1, 1, 1}};
-  core::Random random(3);
-  std::vector<float> out;
-  add_noise(s, random, out);
-  EXPECT_EQ(out, s.x);
-}
-
 WorkingSeries wavy_series(int n) {
   WorkingSeries s;
   for (int i = 0; i < n; ++i) {

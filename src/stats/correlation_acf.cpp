@@ -62,9 +62,8 @@ AcfResult autocorrelation(std::span<const double> x, const AcfOptions& options) 
   }
   out.variance = out.autocovariance[0];
   out.correlation.assign(lags, std::nullopt);
-  if (out.variance > 0)
-    for (std::size_t k = 0; k < lags; ++k)
-      out.correlation[k] = out.autocovariance[k] / out.variance;
+  for (std::size_t k = 0; k < lags; ++k)
+    out.correlation[k] = correlation_of(out.autocovariance[k], out.variance);
   out.standard_error =
       standard_errors(options.standard_errors, static_cast<int>(n), out.correlation);
   return out;

@@ -27,7 +27,7 @@ struct AcfResult {
   double mean = 0;
   double variance = 0;  // autocovariance[0]
   std::vector<double> autocovariance;
-  Correlations correlation;  // all undefined when the variance is 0
+  Correlations correlation;  // undefined when the variance is 0 or a quotient overflows
   std::vector<double> standard_error;
 };
 

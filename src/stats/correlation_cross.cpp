@@ -38,7 +38,7 @@ CrossResult cross_correlation(std::span<const double> x, std::span<const double>
       s += (x[t] - out.mean_x) * (y[t + k] - out.mean_y);
     const double c = s / static_cast<double>(n);
     out.covariance.push_back(c);
-    out.correlation.push_back(scale > 0 ? std::optional<double>(c / scale) : std::nullopt);
+    out.correlation.push_back(correlation_of(c, scale));
   }
   return out;
 }

@@ -136,6 +136,15 @@ TEST(CorrelationAnalysis, AConstantSeriesLeavesItsCorrelationsUndefined) {
   EXPECT_TRUE(r.b.acf.correlation[1].has_value());
 }
 
+TEST(CorrelationAnalysis, SumsThatOverflowLeaveCorrelationsUndefinedNotNaN) {
+  // (±1e300)² overflows to infinity, so every quotient is infinity / infinity.
+  const std::vector<double> huge = {1e300, -1e300, 1e300, -1e300, 1e300};
+  const auto r = correlation_analysis(huge, huge, 2);
+  ASSERT_TRUE(r.status.ok);
+  for (const auto& c : r.a.acf.correlation) EXPECT_FALSE(c.has_value());
+  for (const auto& c : r.cross.correlation) EXPECT_FALSE(c.has_value());
+}
+
 TEST(CorrelationAnalysis, TheLargestLagLeavesOnePairWithStandardErrorOne) {
   const std::vector<double> a = {1, 4, 2, 8, 5}, b = {3, 1, 4, 1, 5};
   const auto r = correlation_analysis(a, b, 4);

@@ -27,6 +27,21 @@ float squares(const Cluster8Grid& g, int first, int count) {
   return ss;
 }
 
+// Flags i = before+1..n-after+1 where the step is significant in its direction: t >
+// |threshold| (upward) or -t > |threshold| (downward), with the mean of the high-side
+// cluster (after an upward step, before a downward one) above min_peak.
+std::vector<char> significant_steps(const Cluster8Grid& g, int before, int after, float threshold,
+                                    float min_peak, bool upward) {
+  std::vector<char> flags(static_cast<std::size_t>(g.n) + 1, 0);
+  for (int i = before + 1; i <= g.n - after + 1; ++i) {
+    const ClusterStep s = cluster_step(g, i, before, after);
+    const float t = upward ? s.t : -s.t;
+    const float high = upward ? s.mean_after : s.mean_before;
+    flags[i] = t > std::fabs(threshold) && high > min_peak;
+  }
+  return flags;
+}
+
 }  // namespace
 
 float weighted_mean(const Cluster8Grid& g, int first, int count) {
@@ -48,22 +63,12 @@ ClusterStep cluster_step(const Cluster8Grid& g, int i, int before, int after) {
 
 std::vector<char> upward_steps(const Cluster8Grid& g, int peak, int nadir, float t_up,
                                float min_peak) {
-  std::vector<char> up(static_cast<std::size_t>(g.n) + 1, 0);
-  for (int i = nadir + 1; i <= g.n - peak + 1; ++i) {
-    const ClusterStep s = cluster_step(g, i, nadir, peak);
-    up[i] = s.t > std::fabs(t_up) && s.mean_after > min_peak;
-  }
-  return up;
+  return significant_steps(g, nadir, peak, t_up, min_peak, true);
 }
 
 std::vector<char> downward_steps(const Cluster8Grid& g, int peak, int nadir, float t_down,
                                  float min_peak) {
-  std::vector<char> down(static_cast<std::size_t>(g.n) + 1, 0);
-  for (int i = peak + 1; i <= g.n - nadir + 1; ++i) {
-    const ClusterStep s = cluster_step(g, i, peak, nadir);
-    down[i] = -s.t > std::fabs(t_down) && s.mean_before > min_peak;
-  }
-  return down;
+  return significant_steps(g, peak, nadir, t_down, min_peak, false);
 }
 
 std::vector<char> assemble_pulses(const std::vector<char>& up, const std::vector<char>& down, int n,

@@ -11,14 +11,16 @@ constexpr std::uint32_t kFrameColour = 0x333333;
 constexpr double kMinorTick = 2.5;
 
 void draw_grid(cairo_t* cr, const Frame& f) {
+  // Grid lines at the major ticks and at the labelled minor ones (2 and 5 on a short
+  // log axis).
   for (const graphics::Tick& t : f.x.ticks) {
-    if (!t.major) continue;
+    if (!t.major && t.label.empty()) continue;
     const double x = f.px(t.value);
     cairo_move_to(cr, x, f.top);
     cairo_line_to(cr, x, f.bottom());
   }
   for (const graphics::Tick& t : f.y.ticks) {
-    if (!t.major) continue;
+    if (!t.major && t.label.empty()) continue;
     const double y = f.py(t.value);
     cairo_move_to(cr, f.left, y);
     cairo_line_to(cr, f.right(), y);

@@ -13,7 +13,9 @@
 #endif
 #endif
 #ifdef TIDEMARK_ADDRESS_SANITIZER
-extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig.so\n"; }
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:libfontconfig.so\n";
+}
 #endif
 
 namespace tidemark::render {

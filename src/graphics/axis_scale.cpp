@@ -111,18 +111,18 @@ std::string tick_label(double v, double step, double largest) {
   return fmt::format("{:.{}f}×10{}", v / scale, decimals_for(step / scale), superscript(e));
 }
 
-AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data, double max_labels) {
+AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels) {
   AxisScale a;
-  a.scale = spec.scale;
-  Extent fixed(spec.scale);
-  if (spec.low && spec.high) {
-    fixed.add(*spec.low);
-    fixed.add(*spec.high);
+  a.scale = axis_spec.scale;
+  Extent fixed(axis_spec.scale);
+  if (axis_spec.low && axis_spec.high) {
+    fixed.add(*axis_spec.low);
+    fixed.add(*axis_spec.high);
   }
   if (!fixed.empty() && fixed.low() < fixed.high() && std::isfinite(fixed.high() - fixed.low())) {
-    a.low = *spec.low;
-    a.high = *spec.high;
-  } else if (spec.scale == Scale::kLog) {
+    a.low = *axis_spec.low;
+    a.high = *axis_spec.high;
+  } else if (axis_spec.scale == Scale::kLog) {
     a.low = data.empty() ? 1 : std::pow(10.0, std::floor(std::log10(data.low())));
     a.high = data.empty() ? 10 : std::pow(10.0, std::ceil(std::log10(data.high())));
     if (a.high <= a.low) a.high = a.low * 10;
@@ -143,7 +143,7 @@ AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data, double max_l
   if (a.scale == Scale::kLog) {
     log_ticks(a, max_labels);
   } else {
-    linear_ticks(a, spec.tick_step, max_labels);
+    linear_ticks(a, axis_spec.tick_step, max_labels);
   }
   return a;
 }

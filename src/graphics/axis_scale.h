@@ -57,10 +57,10 @@ struct AxisScale {
 
 inline constexpr int kMaxTicks = 200;
 
-// The scale of an axis with `spec` over `data`. `max_labels` is how many tick labels
+// The scale of an axis with `axis_spec` over `data`. `max_labels` is how many tick labels
 // fit along the axis: the automatic step then aims at at most that many (and at 6 when
 // more fit), and a log axis labels every n-th decade so as to stay within it.
-AxisScale make_axis_scale(const AxisSpec& spec, const Extent& data, double max_labels = 10);
+AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels = 10);
 
 // A tick label: fixed notation when the axis's values lie within 1e-4 and 1e6, else
 // "m×10ⁿ"; `step` sets the decimals shown.

@@ -54,7 +54,7 @@ std::string PlotBuilder::operator()(statement::Panel&& s) {
 
 std::string PlotBuilder::operator()(statement::Axis&& s) {
   if (auto e = need_panel(s.is_x ? "XAXIS" : "YAXIS"); !e.empty()) return e;
-  (s.is_x ? plot_.panels.back().x_axis : plot_.panels.back().y_axis) = std::move(s.spec);
+  (s.is_x ? plot_.panels.back().x_axis : plot_.panels.back().y_axis) = std::move(s.axis);
   return {};
 }
 

@@ -101,25 +101,25 @@ statement::Row read_row(const std::vector<Token>& tokens) {
 
 statement::Axis read_axis(Words& w, bool is_x) {
   statement::Axis a{is_x, {}};
-  a.spec.label = w.text("the axis label");
+  a.axis.label = w.text("the axis label");
   if (w.accept("LOG")) {
-    a.spec.scale = Scale::kLog;
+    a.axis.scale = Scale::kLog;
   } else {
     w.accept("LINEAR");
   }
   if (w.accept("RANGE")) {
-    a.spec.low = w.number("the low end of the range");
-    a.spec.high = w.number("the high end of the range");
-    if (!(*a.spec.low < *a.spec.high)) w.refuse("RANGE needs low < high");
-    if (a.spec.scale == Scale::kLog && *a.spec.low <= 0) {
+    a.axis.low = w.number("the low end of the range");
+    a.axis.high = w.number("the high end of the range");
+    if (!(*a.axis.low < *a.axis.high)) w.refuse("RANGE needs low < high");
+    if (a.axis.scale == Scale::kLog && *a.axis.low <= 0) {
       w.refuse("a LOG axis needs a positive range");
     }
   } else {
     w.accept("AUTO");
   }
   if (w.accept("TICKS")) {
-    a.spec.tick_step = w.number("the tick step");
-    if (*a.spec.tick_step <= 0) w.refuse("the tick step must be positive");
+    a.axis.tick_step = w.number("the tick step");
+    if (*a.axis.tick_step <= 0) w.refuse("the tick step must be positive");
   }
   return a;
 }

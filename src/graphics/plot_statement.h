@@ -21,7 +21,7 @@ struct Panel {
 };
 struct Axis {
   bool is_x = true;
-  AxisSpec spec;
+  AxisSpec axis;
 };
 struct Legend {
   Place place = Place::kNone;

@@ -72,21 +72,21 @@ void PlotWriter::panel(std::string_view title, double height) {
   text_ += '\n';
 }
 
-void PlotWriter::axis(std::string_view keyword_text, const AxisSpec& spec) {
-  fmt::format_to(std::back_inserter(text_), "{} {} {}", keyword_text, quoted(spec.label),
-                 keyword(spec.scale));
-  if (spec.low && spec.high) {
-    fmt::format_to(std::back_inserter(text_), " RANGE {} {}", *spec.low, *spec.high);
+void PlotWriter::axis(std::string_view keyword_text, const AxisSpec& axis_spec) {
+  fmt::format_to(std::back_inserter(text_), "{} {} {}", keyword_text, quoted(axis_spec.label),
+                 keyword(axis_spec.scale));
+  if (axis_spec.low && axis_spec.high) {
+    fmt::format_to(std::back_inserter(text_), " RANGE {} {}", *axis_spec.low, *axis_spec.high);
   }
-  if (spec.tick_step) fmt::format_to(std::back_inserter(text_), " TICKS {}", *spec.tick_step);
+  if (axis_spec.tick_step) fmt::format_to(std::back_inserter(text_), " TICKS {}", *axis_spec.tick_step);
   text_ += '\n';
 }
 
-void PlotWriter::x_axis(const AxisSpec& spec) {
-  axis("XAXIS", spec);
+void PlotWriter::x_axis(const AxisSpec& axis_spec) {
+  axis("XAXIS", axis_spec);
 }
-void PlotWriter::y_axis(const AxisSpec& spec) {
-  axis("YAXIS", spec);
+void PlotWriter::y_axis(const AxisSpec& axis_spec) {
+  axis("YAXIS", axis_spec);
 }
 
 void PlotWriter::legend(Place place) {

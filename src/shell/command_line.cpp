@@ -108,7 +108,7 @@ std::string usage_text() {
          "  -CD:FOLDER      make FOLDER the default data folder and end\n"
          "  -SHELL          open $SHELL in the default data folder and end\n"
          "  -HELP           list the help documents and end\n"
-         "  -grf_view FILE  load and show a graph source file\n"
+         "  -grf_view FILE  draw a graph source file beside it\n"
          "  --help          show this text and end\n"
          "  --version       show the program's version and end\n"
          "Commands are read from standard input when no command file is given; the\n"

@@ -120,8 +120,11 @@ class Frame {
                     {},
                     true});
     } else {
+      // A command of the mode's own goes to the history like the buttons' commands, so
+      // that a replay takes the same steps.
       ModuleContext c = context();
-      return module_->handle(command, c);
+      if (!module_->handle(command, c)) return false;
+      session_.carried_out(core::trim(command), {});
     }
     return true;
   }
@@ -146,11 +149,14 @@ class Frame {
                          "Parameters saved as default in " + settings_.string());
   }
 
+  // A calculation that reports an error is still recorded: it may have changed the data
+  // set (the conditioner's inserted points) or written a listing, and a replay must take
+  // the same step.
   void calculate(std::string_view command) {
     ModuleContext c = context();
     const Outcome outcome = module_->calculate(c);
-    if (!outcome.ok) return session_.error(error_title(), outcome.messages);
     session_.carried_out(core::trim(command), core::to_upper(core::trim(command)));
+    if (!outcome.ok) session_.error(error_title(), outcome.messages);
   }
 
   bool listing_ready(std::string_view command) {

@@ -10,7 +10,7 @@ namespace {
 
 struct AxisCase {
   const char* what;
-  AxisSpec spec;
+  AxisSpec axis_spec;
   std::vector<double> data;
   double low;
   double high;
@@ -87,9 +87,9 @@ const AxisCase kCases[] = {
 
 TEST(AxisScale, RangesAndTickLabelsFollowTheRules) {
   for (const AxisCase& c : kCases) {
-    Extent extent(c.spec.scale);
+    Extent extent(c.axis_spec.scale);
     for (double v : c.data) extent.add(v);
-    const AxisScale a = make_axis_scale(c.spec, extent);
+    const AxisScale a = make_axis_scale(c.axis_spec, extent);
     EXPECT_NEAR(a.low, c.low, 1e-9 * std::abs(c.low) + 1e-12) << c.what;
     EXPECT_NEAR(a.high, c.high, 1e-9 * std::abs(c.high)) << c.what;
     std::vector<std::string> labels;

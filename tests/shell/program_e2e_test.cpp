@@ -141,7 +141,7 @@ TEST_F(Program, ExitAnsweredNoOnATerminalReturnsToTheSamePlace) {
 TEST_F(Program, KillListFilesAreDeletedAtTheEnd) {
   const ProgramRun r =
       run("READ_NATIVE \"" + (kExamples / "lh_24h_10min.dat").string() + "\"\nMODE Cluster8\n");
-  EXPECT_EQ(r.status, 1);  // Cluster8 says it is not available yet
+  EXPECT_EQ(r.status, 0) << r.err;
   const std::string kill = Scratch::read(run_file(home(), "KILL_"));
   const std::string listing = kill.substr(kill.find('/'), kill.find(".lst") + 4 - kill.find('/'));
   EXPECT_NE(listing.find("LIST_"), std::string::npos);
@@ -165,14 +165,14 @@ TEST_F(Program, AnUnreadableRegistryIsASeriousErrorAndTheRunGoesOn) {
 
 TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
   const ProgramRun r = run_tidemark(home(), dir.path(), {"-grf_view", "a.grf"},
-                                    "! a comment\nseed 12\nMODE x_apen\n");
+                                    "! a comment\nseed 12\nMODE periodic\n");
   EXPECT_EQ(r.status, 1);  // there is no a.grf to draw
   EXPECT_EQ(r.err,
             "Graphics: READ FAILED\n"
             "Graphics: a.grf: the file cannot be read\n"
-            "Mode Not Available: The X_ApEn mode is not available in this version.\n");
+            "Mode Not Available: The Periodic mode is not available in this version.\n");
   const Lines h = history();
-  EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE X_ApEn"}));
+  EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE Periodic"}));
 }
 
 // The bundled demo, run as make demo runs it, from a folder that holds the examples.

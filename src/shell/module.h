@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,6 +70,30 @@ class Module {
 
   // A command of the mode beyond the frame's own; false when it is not one.
   virtual bool handle(std::string_view, ModuleContext&) { return false; }
+};
+
+// The results of a mode's last calculation and the set kept aside by STORE_RESULTS, which
+// RECALL_RESULTS brings back as current.
+template <typename Result>
+class KeptResults {
+ public:
+  std::optional<Result> current;  // empty until a calculation succeeds
+
+  // Keeps the current results aside; false when there are none.
+  bool store() {
+    if (!current) return false;
+    kept_ = current;
+    return true;
+  }
+  // Makes the kept results current; false when none were kept.
+  bool recall() {
+    if (!kept_) return false;
+    current = kept_;
+    return true;
+  }
+
+ private:
+  std::optional<Result> kept_;
 };
 
 // Makes the driver of one mode; the argument is the mode's variant flag.

@@ -36,25 +36,16 @@ class Cluster8Module : public shell::Module {
     std::ofstream(c.answers, std::ios::app) << cluster8_answers(set.file_name, result);
     for (const std::string& line : cluster8_log_lines(set.file_name, result)) c.log.log(line);
     const auto drawn = core::replace_file(c.graph, cluster8_graph(set, result, settings));
-    current_ = Cluster8Run{std::move(result), settings};
+    results_.current = Cluster8Run{std::move(result), settings};
     if (!drawn.ok) return shell::Outcome::error({drawn.message});
     return shell::Outcome::success();
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    stored_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!stored_) return false;
-    current_ = stored_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
  private:
-  std::optional<Cluster8Run> current_;
-  std::optional<Cluster8Run> stored_;
+  shell::KeptResults<Cluster8Run> results_;
 };
 
 }  // namespace

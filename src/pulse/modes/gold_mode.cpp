@@ -83,24 +83,16 @@ class GoldMode : public shell::Module {
                           run.result.iterations,
                           core::trim(core::format_g15_5(run.result.residual))));
     const bool converged = run.result.ok();
-    current_ = std::move(run);
+    results_.current = std::move(run);
     if (!converged) {
-      return shell::Outcome::error({"Gold Method Convergence Error: " + current_->result.message,
+      return shell::Outcome::error({"Gold Method Convergence Error: " + results_.current->result.message,
                                     "The listing holds the estimate of the last iteration."});
     }
     return shell::Outcome::success();
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    stored_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!stored_) return false;
-    current_ = stored_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
  private:
   // Writes the listing and the graph source; the error when one cannot be written.
@@ -122,8 +114,7 @@ class GoldMode : public shell::Module {
         "Elimination and Secretion Shape",
         "Gold Parameters",
         {"Elimination Only", "Elimination and Secretion Shape"}}}};
-  std::optional<GoldRun> current_;
-  std::optional<GoldRun> stored_;
+  shell::KeptResults<GoldRun> results_;
 };
 
 }  // namespace

@@ -54,23 +54,15 @@ class ApEnModule : public shell::Module {
     for (const auto& line : lines) c.log.log("APEN: " + line);
     core::replace_file(c.graph, apen_graph_source(set, result));
     c.ui.show_graph(c.graph.string());
-    current_ = result;
+    results_.current = result;
     return Outcome::success();
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    kept_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!kept_) return false;
-    current_ = kept_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
  private:
-  std::optional<ApEnResult> current_, kept_;
+  shell::KeptResults<ApEnResult> results_;
 };
 
 }  // namespace

@@ -68,20 +68,12 @@ class ConcordanceModule : public shell::Module {
         write_listing_and_graph(c, concordance_listing(report), concordance_graph(report, a, b));
     if (!outcome.ok) return outcome;
     for (const auto& row : concordance_grid_rows(report.table)) c.log.log("Concordance: " + row);
-    current_ = std::move(report);
+    results_.current = std::move(report);
     return outcome;
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    kept_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!kept_) return false;
-    current_ = kept_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
  private:
   // The dialog's range; when either end is unset, ±0.5 Δt with Δt the spacing of the
@@ -115,7 +107,7 @@ class ConcordanceModule : public shell::Module {
                       {"Coincidence From", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
                       {"Coincidence To", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
                       {"#MC Cycles", ui::FieldKind::kInteger, "100000", "Parameters", {}}}};
-  std::optional<ConcordanceReport> current_, kept_;
+  shell::KeptResults<ConcordanceReport> results_;
 };
 
 }  // namespace

@@ -40,20 +40,12 @@ class CorrelationModule : public shell::Module {
     if (!outcome.ok) return outcome;
     c.log.log(fmt::format("Correlation: A = {}, B = {}, N = {}, max Lag = {}", s.a->file_name,
                           s.b->file_name, n, max_lag));
-    current_ = std::move(analysis);
+    results_.current = std::move(analysis);
     return outcome;
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    kept_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!kept_) return false;
-    current_ = kept_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
  private:
   // Passes the two chosen data sets through the data conditioner (inserted points stay
@@ -75,7 +67,7 @@ class CorrelationModule : public shell::Module {
                      {{"A Series", ui::FieldKind::kInteger, "1", "Series", {}},
                       {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
                       {"max Lag", ui::FieldKind::kInteger, "100", "Parameters", {}}}};
-  std::optional<CorrelationAnalysis> current_, kept_;
+  shell::KeptResults<CorrelationAnalysis> results_;
 };
 
 }  // namespace

@@ -63,20 +63,12 @@ class CosineModule : public shell::Module {
     CosineResults results{};
     for (int j = 0; j < kCosineParameters; ++j) results[j] = static_cast<float>(fit.values[j]);
     results[kCosineParameters] = static_cast<float>(fit.percent);
-    current_ = results;
+    results_.current = results;
     return Outcome::success();
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    kept_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!kept_) return false;
-    current_ = kept_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
   bool handle(std::string_view command, ModuleContext& c) override {
     if (shell::command_is(command, "COSINE_SUBTRACT")) {
@@ -177,7 +169,7 @@ class CosineModule : public shell::Module {
   CosineValues seen_{};
   int original_index_ = -1;
   std::vector<float> original_y_;
-  std::optional<CosineResults> current_, kept_;
+  shell::KeptResults<CosineResults> results_;
 };
 
 }  // namespace

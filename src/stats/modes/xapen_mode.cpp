@@ -54,20 +54,12 @@ class XApEnModule : public shell::Module {
       if (!written.ok) return shell::Outcome::error({written.message});
     }
     for (const std::string& line : xapen_result_lines(report)) c.log.log(line);
-    current_ = std::move(report);
+    results_.current = std::move(report);
     return shell::Outcome::success();
   }
 
-  bool store_results() override {
-    if (!current_) return false;
-    kept_ = current_;
-    return true;
-  }
-  bool recall_results() override {
-    if (!kept_) return false;
-    current_ = kept_;
-    return true;
-  }
+  bool store_results() override { return results_.store(); }
+  bool recall_results() override { return results_.recall(); }
 
  private:
   ui::Dialog dialog_{"Cross-Approximate-Entropy",
@@ -75,7 +67,7 @@ class XApEnModule : public shell::Module {
                       {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
                       {"MC Cycles", ui::FieldKind::kInteger, "1000", "Parameters", {}},
                       {"R", ui::FieldKind::kReal, "0.200", "Parameters", {}}}};
-  std::optional<XApEnReport> current_, kept_;
+  shell::KeptResults<XApEnReport> results_;
 };
 
 }  // namespace

@@ -27,11 +27,12 @@ bool FunctionParser::parse_function(int i, std::string_view formula,
   CompiledFormula& target = comp_[static_cast<std::size_t>(i - 1)];
   target = CompiledFormula();
   const WorkingCopy copy = make_working_copy(formula);
-  for (SyntaxMessage& m : check_syntax(copy.text, variables)) {
-    diagnostics_.push_back({std::move(m.text), copy.typed_position(m.at)});
-  }
-  if (!diagnostics_.empty()) {
-    message_ = diagnostics_.back().text;
+  std::vector<SyntaxMessage> messages = check_syntax(copy.text, variables);
+  if (!messages.empty()) {
+    message_ = messages[shown_message_index(messages)].text;
+    for (SyntaxMessage& m : messages) {
+      diagnostics_.push_back({std::move(m.text), copy.typed_position(m.at)});
+    }
     return false;
   }
   message_ = compile_formula(copy.text, variables, target);

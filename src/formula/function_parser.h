@@ -42,8 +42,8 @@ class FunctionParser {
   // replacing what the slot held. When i is outside 1..n the message buffer reads
   // "*** Parser error: Function number <i> out of range" and nothing else happens.
   // Otherwise the formula, with "**" read as "^" and blanks removed, is checked; if
-  // the check finds a fault the buffer holds its message (the last of the
-  // diagnostics) and the slot stays empty. Returns true when the slot was compiled.
+  // the check finds a fault the buffer holds the message that describes it
+  // (formula/syntax_check.h, shown_message_index) and the slot stays empty. Returns true when the slot was compiled.
   bool parse_function(int i, std::string_view formula, std::span<const std::string> variables);
 
   // Evaluates slot i with values[k - 1] as variable k (see CompiledFormula::evaluate)

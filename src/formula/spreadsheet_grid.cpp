@@ -85,6 +85,7 @@ void write_back(const Grid& grid, data::DataSet& target) {
   target.columns = grid.set().columns;
   target.crop_start = grid.set().crop_start;
   target.crop_end = grid.set().crop_end;
+  target.modified = true;
 }
 
 }  // namespace tidemark::formula

@@ -71,7 +71,7 @@ class Grid {
 std::string grid_text(const Grid& grid);
 
 // Writes the grid's points and crop range back into `target`, which keeps its headers,
-// names and result slots ("Accept Changes").
+// names and result slots, and marks it modified ("Accept Changes").
 void write_back(const Grid& grid, data::DataSet& target);
 
 }  // namespace tidemark::formula

@@ -110,4 +110,12 @@ std::vector<SyntaxMessage> check_syntax(std::string_view f,
   return Checker(f, variables).run();
 }
 
+std::size_t shown_message_index(const std::vector<SyntaxMessage>& messages) {
+  const std::string empty_operand = std::string(kSyntaxHeader) + "Invalid element: ";
+  for (std::size_t i = 0; i < messages.size(); ++i) {
+    if (messages[i].text != empty_operand) return i;
+  }
+  return 0;
+}
+
 }  // namespace tidemark::formula

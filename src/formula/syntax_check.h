@@ -21,8 +21,8 @@ struct SyntaxMessage {
 // the formula as operand, operator, operand, ...: an operand is an optional sign, then
 // a function name followed by "(", a "(", a number or a variable name; after an operand
 // come any number of ")", then an operator. It goes on after a message, so one fault
-// can give several messages; the last one describes the formula (a later message
-// replaces an earlier one). The messages:
+// can give several messages (see shown_message_index for the one a user sees). The
+// messages:
 //   "Missing operand"              a sign ends the formula
 //   "Multiple operators"           an operator or sign follows an operator
 //   "Missing function argument"    a function name ends the formula
@@ -35,5 +35,12 @@ struct SyntaxMessage {
 //   "Missing )"                    a "(" is never closed
 //   the header alone               the formula is empty or ends with an operator
 std::vector<SyntaxMessage> check_syntax(std::string_view f, std::span<const std::string> variables);
+
+// The message that describes the formula: the first one found, because later ones are
+// often consequences of it ("2x" runs on past the missing operator to a missing operand
+// at the end). An empty operand, as in ")(" or "()", gives "Invalid element: " with no
+// name; that message gives way to the next one, which names the real fault, and is shown
+// only when nothing else was found ("(x+)"). `messages` must not be empty.
+std::size_t shown_message_index(const std::vector<SyntaxMessage>& messages);
 
 }  // namespace tidemark::formula

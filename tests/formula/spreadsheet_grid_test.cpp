@@ -38,7 +38,7 @@ TEST(SpreadsheetGrid, PrintsRowsWithIntegerRealAndMissingCells) {
   EXPECT_EQ(grid_text(grid), expected);
 }
 
-TEST(SpreadsheetGrid, WriteBackTakesPointsAndCropButKeepsHeadersAndResults) {
+TEST(SpreadsheetGrid, WriteBackTakesPointsAndCropButKeepsHeadersAndResultsAndMarksTheSet) {
   data::DataSet target = series(3);
   target.answers[0] = 12.5;
   Grid grid(target);
@@ -51,6 +51,7 @@ TEST(SpreadsheetGrid, WriteBackTakesPointsAndCropButKeepsHeadersAndResults) {
   EXPECT_EQ(target.crop_start, 2);
   EXPECT_EQ(target.headers[data::kY], "Y");
   EXPECT_EQ(target.answers[0], 12.5);
+  EXPECT_TRUE(target.modified);
 }
 
 }  // namespace

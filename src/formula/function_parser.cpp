@@ -20,6 +20,7 @@ void FunctionParser::init_functions(int n) {
 bool FunctionParser::parse_function(int i, std::string_view formula,
                                     std::span<const std::string> variables) {
   diagnostics_.clear();
+  message_position_ = 1;
   if (i < 1 || i > size()) {
     message_ = fmt::format("*** Parser error: Function number {} out of range", i);
     return false;
@@ -29,7 +30,9 @@ bool FunctionParser::parse_function(int i, std::string_view formula,
   const WorkingCopy copy = make_working_copy(formula);
   std::vector<SyntaxMessage> messages = check_syntax(copy.text, variables);
   if (!messages.empty()) {
-    message_ = messages[shown_message_index(messages)].text;
+    const SyntaxMessage& shown = messages[shown_message_index(messages)];
+    message_ = shown.text;
+    message_position_ = copy.typed_position(shown.at);
     for (SyntaxMessage& m : messages) {
       diagnostics_.push_back({std::move(m.text), copy.typed_position(m.at)});
     }

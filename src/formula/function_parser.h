@@ -43,7 +43,8 @@ class FunctionParser {
   // "*** Parser error: Function number <i> out of range" and nothing else happens.
   // Otherwise the formula, with "**" read as "^" and blanks removed, is checked; if
   // the check finds a fault the buffer holds the message that describes it
-  // (formula/syntax_check.h, shown_message_index) and the slot stays empty. Returns true when the slot was compiled.
+  // (formula/syntax_check.h, shown_message_index) and the slot stays empty. Returns true when the
+  // slot was compiled.
   bool parse_function(int i, std::string_view formula, std::span<const std::string> variables);
 
   // Evaluates slot i with values[k - 1] as variable k (see CompiledFormula::evaluate)
@@ -61,6 +62,10 @@ class FunctionParser {
   // The message buffer: the message of the last parse_function, empty after success.
   const std::string& syntax_message() const { return message_; }
 
+  // Where the syntax message points, counting characters of the formula as typed from
+  // 1 (1 when there is no syntax message).
+  std::size_t syntax_position() const { return message_position_; }
+
   // Every message of the syntax check in the last parse_function, in the order found.
   const std::vector<Diagnostic>& diagnostics() const { return diagnostics_; }
 
@@ -74,6 +79,7 @@ class FunctionParser {
   std::vector<CompiledFormula> comp_;
   std::string message_;
   std::vector<Diagnostic> diagnostics_;
+  std::size_t message_position_ = 1;
   int error_type_ = 0;
 };
 

@@ -97,8 +97,8 @@ SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& pa
   const std::string_view right = text.substr(equal + 1);
   parser.init_functions(1);
   if (!parser.parse_function(1, right, grid.labels())) {
-    const std::size_t at = parser.diagnostics().empty() ? 1 : parser.diagnostics().back().position;
-    return parse_error({parser.syntax_message(), std::string(right), position_marker(at)});
+    return parse_error(
+        {parser.syntax_message(), std::string(right), position_marker(parser.syntax_position())});
   }
 
   const std::vector<int> read = variables_read(parser.slot(1));

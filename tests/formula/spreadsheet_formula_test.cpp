@@ -62,13 +62,22 @@ TEST(SpreadsheetFormula, RefusedAssignmentsShowTheirMessageAndChangeNothing) {
 }
 
 TEST(SpreadsheetFormula, SyntaxErrorIsShownWithTheFormulaAndAMarkUnderTheFault) {
-  Grid grid(series(3));
-  FunctionParser parser;
-  const SheetStatus status = assign_formula(grid, "Y=2*-3", parser);
-  // "2*-3": the second operator "-" is the 3rd character of the right side.
-  ASSERT_EQ(status.lines.size(), 3u);
-  EXPECT_EQ(status.lines[1], "2*-3");
-  EXPECT_EQ(status.lines[2], "  ?");
+  // The mark stands under the character the shown message names, counted by hand:
+  // in "2*-3" the second operator "-" is the 3rd character; in ")(" the unmatched ")"
+  // is the 1st, although the check reads on to the "(" and the end.
+  struct Case {
+    const char* text;
+    const char* right;
+    const char* mark;
+  };
+  for (const Case& c : {Case{"Y=2*-3", "2*-3", "  ?"}, Case{"Y=)(", ")(", "?"}}) {
+    Grid grid(series(3));
+    FunctionParser parser;
+    const SheetStatus status = assign_formula(grid, c.text, parser);
+    ASSERT_EQ(status.lines.size(), 3u) << c.text;
+    EXPECT_EQ(status.lines[1], c.right);
+    EXPECT_EQ(status.lines[2], c.mark);
+  }
 }
 
 struct Assignment {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/missing.h"
+#include "data/summary_row.h"
 
 namespace tidemark::data {
 
@@ -48,6 +49,8 @@ struct DataSet {
   std::array<float, kRealCount> reals = detail::filled<float, kRealCount>(core::kMissingF);
   std::array<int, kIntegerCount> integers = detail::filled<int, kIntegerCount>(core::kMissingInt);
   std::array<std::string, kStringCount> strings;
+  // This set's row of the summary books, filled by the analyses that ran on it.
+  SummaryRow summary;
 
   // True when this run changed the stored series (the spreadsheet's accepted changes,
   // Cosine's subtraction and reset) or made the set (Cosine's stored copy) since it was

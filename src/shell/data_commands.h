@@ -1,6 +1,6 @@
 #pragma once
-// The shared commands on data sets: READ_NATIVE, WRITE_NATIVE, WRITE_CSV, RESET and
-// SELECT.
+// The shared commands on data sets: READ_NATIVE, WRITE_NATIVE, WRITE_CSV,
+// WRITE_SUMMARY_BOOKS, RESET and SELECT.
 #include <string_view>
 
 #include "shell/session.h"

@@ -11,6 +11,7 @@
 #include "stats/apen_analysis.h"
 #include "stats/modes/apen_graph.h"
 #include "stats/modes/apen_listing.h"
+#include "stats/modes/apen_summary.h"
 
 namespace tidemark::stats {
 namespace {
@@ -49,6 +50,7 @@ class ApEnModule : public shell::Module {
     };
     const ApEnResult result = analyse_apen(apen_series(set), options);
     if (!result.ok) return Outcome::error({result.message});
+    put_apen_summary(c.store.current().summary, result);
     const std::vector<std::string> lines = apen_listing(set.file_name, options.r, result);
     core::replace_file(c.listing, join_lines(lines));
     for (const auto& line : lines) c.log.log("APEN: " + line);

@@ -6,7 +6,8 @@
 // points into the stored set), takes the crop range's concentrations, standard errors
 // and usable flags (a point is usable when its concentration is present and positive
 // and its replicate count is not 0), runs analyse_apen with two seeds drawn from the
-// session's generator, writes the listing, logs its result lines and writes the graph.
+// session's generator, writes the listing, logs its result lines, puts the results in
+// the data set's summary-book columns (Q to AJ) and writes the graph.
 #include <memory>
 
 #include "shell/module.h"

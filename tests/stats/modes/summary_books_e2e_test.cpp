@@ -1,0 +1,105 @@
+// The summary books written by the headless program after an analysis: ApEn's results
+// under their letters for the set it ran on, empty cells for a set it did not, and a
+// history that replays the book byte for byte.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "shell/program_runner.h"
+#include "shell/scratch.h"
+
+namespace tidemark::testing_support {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kExamples = fs::path(TIDEMARK_SOURCE_DIR) / "examples";
+
+std::vector<std::string> split(const std::string& line) {
+  std::vector<std::string> cells;
+  std::string cell;
+  bool quoted = false;
+  for (char c : line) {
+    if (c == '"') {
+      quoted = !quoted;
+    } else if (c == ',' && !quoted) {
+      cells.push_back(cell);
+      cell.clear();
+    } else {
+      cell.push_back(c);
+    }
+  }
+  cells.push_back(cell);
+  return cells;
+}
+
+std::vector<std::string> lines_of(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+class SummaryBooks : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!fs::exists(tidemark_binary())) GTEST_SKIP() << "build the tidemark program first";
+  }
+  fs::path history(const std::string& home) const {
+    for (const auto& entry : fs::directory_iterator(dir / home / "temp")) {
+      if (entry.path().filename().string().rfind("CMD_", 0) == 0) return entry.path();
+    }
+    return {};
+  }
+  Scratch dir;
+};
+
+TEST_F(SummaryBooks, ApEnFillsColumnsQToAJOfTheSetItRanOn) {
+  const std::string commands =
+      "SEED 3\nREAD_NATIVE \"" + (kExamples / "lh_24h_10min.dat").string() +
+      "\"\nMODE ApEn\nSET MC Cycles = 20\nAPEN_CALCULATE\n"
+      "READ_NATIVE \"" +
+      (kExamples / "gh_overnight_5min.dat").string() + "\"\nWRITE_SUMMARY_BOOKS \"books.csv\"\n";
+  const ProgramRun first =
+      run_tidemark(dir / "home1", dir.path(), {"-@", dir.write("run.cmd", commands).string()}, "");
+  ASSERT_EQ(first.status, 0) << first.err;
+  const std::string book = Scratch::read(dir / "books.csv");
+  const std::vector<std::string> lines = lines_of(book);
+  ASSERT_EQ(lines.size(), 3u) << book;
+  // A to AJ: 36 columns. Q (17th) the cycles, R the tolerance, AJ the last title.
+  const std::vector<std::string> titles = split(lines[0]);
+  ASSERT_EQ(titles.size(), 36u);
+  EXPECT_EQ(titles[0], "File Name");
+  EXPECT_EQ(titles[1], "");
+  EXPECT_EQ(titles[16], "ApEn # MC Cycles");
+  EXPECT_EQ(titles[35], "P for ApEn(2,R,,)");
+  const std::vector<std::string> lh = split(lines[1]);
+  ASSERT_EQ(lh.size(), 36u);
+  EXPECT_EQ(lh[0], (kExamples / "lh_24h_10min.dat").filename().string());
+  EXPECT_EQ(lh[16], "20");
+  EXPECT_EQ(lh[17], "0.2");
+  for (int c = 18; c < 36; ++c) EXPECT_FALSE(lh[c].empty()) << titles[c];
+  const std::vector<std::string> gh = split(lines[2]);
+  ASSERT_EQ(gh.size(), 36u);
+  for (int c = 1; c < 36; ++c) EXPECT_TRUE(gh[c].empty()) << titles[c];
+
+  fs::remove(dir / "books.csv");
+  const ProgramRun replay =
+      run_tidemark(dir / "home2", dir.path(), {"-@", history("home1").string()}, "");
+  ASSERT_EQ(replay.status, 0) << replay.err;
+  EXPECT_EQ(Scratch::read(dir / "books.csv"), book);
+}
+
+TEST_F(SummaryBooks, WithNoDataSetTheCommandIsIgnoredAndNoFileWritten) {
+  const ProgramRun r = run_tidemark(
+      dir / "home", dir.path(),
+      {"-@", dir.write("run.cmd", "WRITE_SUMMARY_BOOKS \"books.csv\"\n").string()}, "");
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("COMMAND IGNORED!"), std::string::npos) << r.err;
+  EXPECT_FALSE(fs::exists(dir / "books.csv"));
+}
+
+}  // namespace
+}  // namespace tidemark::testing_support

@@ -43,5 +43,8 @@ SET MC Cycles = 200
 XAPEN_CALCULATE
 COPY_LST "xapen_s07.lst"
 SAVE_GRF_PNG "xapen_s07.png"
+! Every data set's kept results in one table for a spreadsheet: Cosine's in columns AK
+! to AP of the LH row, ApEn's in Q to AJ of the GH row.
+WRITE_SUMMARY_BOOKS "summary_books.csv"
 COPY_LOG "demo.log"
 COPY_CMD "demo-history.bat"

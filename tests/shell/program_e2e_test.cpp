@@ -182,8 +182,9 @@ TEST_F(Program, TheDemoCommandFileRunsCleanly) {
   const ProgramRun r =
       run_tidemark(home(), dir.path(), {"-@", (kExamples / "demo.cmd").string()}, "");
   EXPECT_EQ(r.status, 0) << r.err;
-  for (const char* file : {"lh_24h_10min_events.dat", "gh_overnight_5min_conditioned.csv",
-                           "cluster8_lh.lst", "xapen_s07.lst", "apen_gh.png", "demo.log"}) {
+  for (const char* file :
+       {"lh_24h_10min_events.dat", "gh_overnight_5min_conditioned.csv", "cluster8_lh.lst",
+        "xapen_s07.lst", "apen_gh.png", "summary_books.csv", "demo.log"}) {
     EXPECT_TRUE(fs::exists(dir / "demo-out" / file)) << file;
   }
 }

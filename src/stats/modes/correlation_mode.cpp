@@ -9,7 +9,7 @@
 #include "stats/modes/correlation_graph.h"
 #include "stats/modes/correlation_listing.h"
 #include "stats/modes/correlation_output.h"
-#include "stats/modes/correlation_selection.h"
+#include "stats/modes/paired_series.h"
 
 namespace tidemark::stats {
 namespace {
@@ -31,7 +31,8 @@ class CorrelationModule : public shell::Module {
     const PairedSeries s = select_paired_series(c.store, a_number, b_number, "Cross-Correlation",
                                                 std::max(2, max_lag + 1));
     if (!s.ok) return shell::Outcome::error(s.messages);
-    CorrelationAnalysis analysis = correlation_analysis(s.ya, s.yb, max_lag);
+    const std::vector<double> ya(s.ya.begin(), s.ya.end()), yb(s.yb.begin(), s.yb.end());
+    CorrelationAnalysis analysis = correlation_analysis(ya, yb, max_lag);
     if (!analysis.status.ok) return shell::Outcome::error({analysis.status.message});
     const int n = static_cast<int>(s.ya.size());
     const auto outcome =

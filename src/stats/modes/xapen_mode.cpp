@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "core/file_replace.h"
+#include "stats/modes/paired_series.h"
 #include "stats/modes/xapen_graph.h"
 #include "stats/modes/xapen_report.h"
-#include "stats/modes/xapen_selection.h"
 
 namespace tidemark::stats {
 
@@ -25,8 +25,9 @@ class XApEnModule : public shell::Module {
   shell::Outcome calculate(shell::ModuleContext& c) override {
     const int cycles = std::get<int>(c.values[kCycles]);
     if (cycles < kMinCycles) return shell::Outcome::error({"MC Cycles must be at least 2."});
-    const XApEnSelection s = select_xapen_series(c.store, std::get<int>(c.values[kASeries]),
-                                                 std::get<int>(c.values[kBSeries]));
+    const PairedSeries s =
+        select_paired_series(c.store, std::get<int>(c.values[kASeries]),
+                             std::get<int>(c.values[kBSeries]), "Cross-ApEn", kXApEnMinPoints);
     if (!s.ok) return shell::Outcome::error(s.messages);
     const Standardised a = standardise(s.ya, s.sa), b = standardise(s.yb, s.sb);
     XApEnReport report{.a_name = s.a->file_name,

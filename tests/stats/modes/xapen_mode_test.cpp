@@ -9,7 +9,6 @@
 #include "shell/session_fixture.h"
 #include "stats/modes/xapen_graph.h"
 #include "stats/modes/xapen_report.h"
-#include "stats/modes/xapen_selection.h"
 
 namespace tidemark::stats {
 namespace {
@@ -23,60 +22,6 @@ shell::ModuleFactories xapen_modes() {
   shell::ModuleFactories modes;
   modes[13] = [](int) { return make_xapen_module(); };  // X_ApEn is mode 14
   return modes;
-}
-
-data::Store store_of(std::vector<data::DataSet> sets) {
-  data::Store store;
-  for (auto& set : sets) store.append(std::move(set));
-  return store;
-}
-
-TEST(XApEnSelection, EachUnusablePairIsRefusedWithItsMessage) {
-  data::DataSet shifted = data_set("b.dat", "B", 5);
-  shifted.x()[3] += 1;
-  data::DataSet gap = data_set("b.dat", "B", 5);
-  gap.y()[2] = core::kMissingF;
-  struct Case {
-    const char* what;
-    std::vector<data::DataSet> sets;
-    int b;
-    Lines messages;
-  };
-  const Case cases[] = {
-      {"one set",
-       {data_set("a.dat", "A", 5)},
-       2,
-       {"Cross-ApEn requires two data sets.", "Therefore, please read another data set."}},
-      {"unequal lengths",
-       {data_set("a.dat", "A", 5), data_set("b.dat", "B", 6)},
-       2,
-       {"Cross-ApEn requires two data sets", "with equal numbers of data points.",
-        "Please select new data sets."}},
-      {"other times",
-       {data_set("a.dat", "A", 5), shifted},
-       2,
-       {"Cross-ApEn requires two data sets", "with identical time values!",
-        "Please select new data sets."}},
-      {"missing value",
-       {data_set("a.dat", "A", 5), gap},
-       2,
-       {"Cross-ApEn requires two data sets", "without missing concentrations.",
-        "Please select new data sets."}},
-      {"two points",
-       {data_set("a.dat", "A", 2), data_set("b.dat", "B", 2)},
-       2,
-       {"Please get more data."}},
-      {"no such set",
-       {data_set("a.dat", "A", 5), data_set("b.dat", "B", 5)},
-       3,
-       {"There is no data set 3: choose 1 to 2."}},
-  };
-  for (const Case& c : cases) {
-    const data::Store store = store_of(c.sets);
-    const XApEnSelection s = select_xapen_series(store, 1, c.b);
-    EXPECT_FALSE(s.ok) << c.what;
-    EXPECT_EQ(s.messages, c.messages) << c.what;
-  }
 }
 
 TEST(XApEnRatio, IsXApEnOverTheRandomMeanWithPropagatedSdAndMissingWhenThatMeanIsZero) {

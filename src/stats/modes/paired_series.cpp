@@ -1,4 +1,4 @@
-#include "stats/modes/correlation_selection.h"
+#include "stats/modes/paired_series.h"
 
 #include <fmt/format.h>
 
@@ -10,6 +10,13 @@ namespace {
 // The crop range of `set` as 0-based [first, last).
 std::pair<int, int> crop(const data::DataSet& set) {
   return set.size() == 0 ? std::pair{0, 0} : std::pair{set.first_point() - 1, set.last_point()};
+}
+
+// The standard errors of points [first, last) of `set`; a missing one adds no noise.
+std::vector<float> errors(const data::DataSet& set, int first, int last) {
+  std::vector<float> e(set.dy().begin() + first, set.dy().begin() + last);
+  for (float& v : e) v = core::is_missing(v) ? 0.0f : v;
+  return e;
 }
 
 }  // namespace
@@ -41,10 +48,11 @@ PairedSeries select_paired_series(const data::Store& store, int a_number, int b_
       return refuse({opening, "without missing concentrations.", "Please select new data sets."});
   }
   if (n < min_points) return refuse({"Please get more data."});
-  s.x.assign(s.a->x().begin() + a0, s.a->x().begin() + a1);
   s.ya.assign(s.a->y().begin() + a0, s.a->y().begin() + a1);
   s.yb.assign(s.b->y().begin() + b0, s.b->y().begin() + b1);
-  s.delta_t = n >= 2 ? static_cast<double>(s.x[1]) - s.x[0] : 0.0;
+  s.sa = errors(*s.a, a0, a1);
+  s.sb = errors(*s.b, b0, b1);
+  s.delta_t = n >= 2 ? static_cast<double>(s.a->x()[a0 + 1]) - s.a->x()[a0] : 0.0;
   s.ok = true;
   return s;
 }

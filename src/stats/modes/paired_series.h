@@ -1,7 +1,7 @@
 #pragma once
-// Takes the two series of a two-series mode from the store: the concentrations of each
-// chosen data set's crop range, which must have the same length, the same times point
-// by point and no missing concentration.
+// Takes the two series of a two-series mode (Correlation, X_ApEn) from the store: the
+// concentrations and standard errors of each chosen data set's crop range, which must
+// have the same length, the same times point by point and no missing concentration.
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,17 +15,19 @@ struct PairedSeries {
   std::vector<std::string> messages;  // the error's lines when not ok
   const data::DataSet* a = nullptr;
   const data::DataSet* b = nullptr;
-  std::vector<double> ya, yb;  // the concentrations, widened to double
-  std::vector<float> x;        // the common times
-  double delta_t = 0;          // x[1] − x[0], 0 for fewer than two points
+  std::vector<float> ya, yb;  // the concentrations
+  std::vector<float> sa, sb;  // their standard errors, a missing one taken as 0
+  double delta_t = 0;         // the spacing of the first two common times, 0 for one point
 };
 
 // `a_number` and `b_number` are 1-based data set numbers, as the dialog shows them;
 // `mode_title` opens the refusals ("Cross-Correlation" gives "Cross-Correlation
 // requires two data sets." and "Therefore, please read another data set." with one set
 // loaded, and "Cross-Correlation requires two data sets" + "with equal numbers of data
-// points." or "with identical time values!" + "Please select new data sets." for sets
-// that do not pair). Fewer than `min_points` points: "Please get more data."
+// points.", "with identical time values!" or "without missing concentrations." +
+// "Please select new data sets." for sets that do not pair). A number that names no
+// set: "There is no data set n: choose 1 to m.". Fewer than `min_points` points:
+// "Please get more data."
 PairedSeries select_paired_series(const data::Store& store, int a_number, int b_number,
                                   std::string_view mode_title, int min_points);
 

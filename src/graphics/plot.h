@@ -1,6 +1,7 @@
 #pragma once
 // A graph as the parser builds it from a source and the renderer draws it: a page of
-// panels stacked from top to bottom, each with two axes, series, markers and texts.
+// panels stacked from top to bottom, each with two axes, series, markers and texts,
+// under the page title and the notes.
 // Option blocks are resolved by then: the graph holds only what is drawn.
 #include <string>
 #include <vector>
@@ -59,7 +60,8 @@ struct Panel {
 struct Plot {
   std::string title{};
   std::vector<Panel> panels{};
-  std::vector<Label> page_texts{};  // at page fractions from the lower left corner
+  std::vector<Label> page_texts{};   // at page fractions from the lower left corner
+  std::vector<std::string> notes{};  // lines under the page title, in the order written
 };
 
 }  // namespace tidemark::graphics

@@ -44,6 +44,13 @@ std::string PlotBuilder::operator()(statement::Page&& s) {
   return need_no_series("PAGE");
 }
 
+std::string PlotBuilder::operator()(statement::Note&& s) {
+  if (auto e = need_no_series("NOTE"); !e.empty()) return e;
+  if (plot_.notes.size() >= kMaxNotes) return fmt::format("more than {} notes", kMaxNotes);
+  plot_.notes.push_back(std::move(s.text));
+  return {};
+}
+
 std::string PlotBuilder::operator()(statement::Panel&& s) {
   if (auto e = need_no_series("PANEL"); !e.empty()) return e;
   if (plot_.panels.size() >= kMaxPanels) return fmt::format("more than {} panels", kMaxPanels);

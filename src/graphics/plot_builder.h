@@ -1,7 +1,8 @@
 #pragma once
 // Builds a Plot from the statements of the lines that are drawn, checking that each
 // stands where it may: axes, legends, series, markers and data texts inside a panel,
-// attributes between SERIES and DATA, rows between DATA and END.
+// attributes between SERIES and DATA, rows between DATA and END; the page title, notes
+// and page texts anywhere outside a series.
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,6 +16,8 @@ class PlotBuilder {
  public:
   static constexpr std::size_t kMaxPanels = 64;
   static constexpr std::size_t kMaxRows = 10'000'000;
+  // Notes take page height from the panels, so a page holds only a few.
+  static constexpr std::size_t kMaxNotes = 16;
 
   // Adds one statement; returns an error message, empty when it fits.
   std::string add(Statement statement);
@@ -30,6 +33,7 @@ class PlotBuilder {
   std::string need_attribute_place(std::string_view what, std::size_t kind);
 
   std::string operator()(statement::Page&& s);
+  std::string operator()(statement::Note&& s);
   std::string operator()(statement::Panel&& s);
   std::string operator()(statement::Axis&& s);
   std::string operator()(statement::Legend&& s);

@@ -154,6 +154,7 @@ statement::Cross read_crosshair(Words& w) {
 Statement read_keyword_statement(Words& w) {
   const std::string& k = w.name();
   if (k == "PAGE") return statement::Page{w.text("the page title")};
+  if (k == "NOTE") return statement::Note{w.text("the note text")};
   if (k == "PANEL") {
     statement::Panel p{w.text("the panel title")};
     if (w.accept("HEIGHT")) {

@@ -15,6 +15,9 @@ namespace statement {
 struct Page {
   std::string title;
 };
+struct Note {
+  std::string text;
+};
 struct Panel {
   std::string title;
   double height = 1;
@@ -66,11 +69,11 @@ struct Row {
 }  // namespace statement
 
 using Statement =
-    std::variant<statement::Page, statement::Panel, statement::Axis, statement::Legend,
-                 statement::Series, statement::Symbol, statement::Line, statement::Colour,
-                 statement::ErrorBars, statement::Steps, statement::Bars, statement::MarkMissing,
-                 statement::Data, statement::End, statement::VLine, statement::Cross,
-                 statement::Text, statement::Row>;
+    std::variant<statement::Page, statement::Note, statement::Panel, statement::Axis,
+                 statement::Legend, statement::Series, statement::Symbol, statement::Line,
+                 statement::Colour, statement::ErrorBars, statement::Steps, statement::Bars,
+                 statement::MarkMissing, statement::Data, statement::End, statement::VLine,
+                 statement::Cross, statement::Text, statement::Row>;
 
 // The statement written in `tokens` (not empty, not a directive), or the message of
 // what is wrong with it.

@@ -66,6 +66,10 @@ void PlotWriter::page(std::string_view title) {
   fmt::format_to(std::back_inserter(text_), "PAGE {}\n", quoted(title));
 }
 
+void PlotWriter::note(std::string_view text) {
+  fmt::format_to(std::back_inserter(text_), "NOTE {}\n", quoted(text));
+}
+
 void PlotWriter::panel(std::string_view title, double height) {
   fmt::format_to(std::back_inserter(text_), "PANEL {}", quoted(title));
   if (height != 1.0) fmt::format_to(std::back_inserter(text_), " HEIGHT {}", height);
@@ -78,7 +82,8 @@ void PlotWriter::axis(std::string_view keyword_text, const AxisSpec& axis_spec) 
   if (axis_spec.low && axis_spec.high) {
     fmt::format_to(std::back_inserter(text_), " RANGE {} {}", *axis_spec.low, *axis_spec.high);
   }
-  if (axis_spec.tick_step) fmt::format_to(std::back_inserter(text_), " TICKS {}", *axis_spec.tick_step);
+  if (axis_spec.tick_step)
+    fmt::format_to(std::back_inserter(text_), " TICKS {}", *axis_spec.tick_step);
   text_ += '\n';
 }
 

@@ -60,6 +60,9 @@ class PlotWriter {
 
   // PAGE "title".
   void page(std::string_view title);
+  // NOTE "text": a line of small text under the page title; notes stack in the order
+  // written and the panels move down to make room for them.
+  void note(std::string_view text);
   // PANEL "title" [HEIGHT h]: starts a panel; height is its share of the page (1 is
   // not written).
   void panel(std::string_view title, double height = 1.0);

@@ -38,6 +38,16 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
     page.title_baseline = top + 0.8 * page_title_h;
     top += page_title_h + kGap;
   }
+  if (!plot.notes.empty()) {
+    use_font(cr, o, Role::kNote);
+    cairo_font_extents_t note;
+    cairo_font_extents(cr, &note);
+    for (std::size_t i = 0; i < plot.notes.size(); ++i) {
+      page.note_baselines.push_back(top + note.ascent);
+      top += note_h;
+    }
+    top += kGap;
+  }
   const double bottom = o.height - kOuterMargin - (plot.page_texts.empty() ? 0 : note_h + kGap);
 
   // Scales first: their tick labels set the left margin and the panels' overheads.
@@ -60,6 +70,7 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
   const double left =
       kOuterMargin + (any_y_label ? label_h + kGap : 0) + widest_y + kGap + kTickLength;
   const double right = o.width - kOuterMargin - widest_x / 2;
+  page.notes_left = plot.panels.empty() ? kOuterMargin : left;
   const double plot_heights = std::max(0.0, bottom - top - overhead);
   for (std::size_t i = 0; i < plot.panels.size(); ++i) {
     const Panel& p = plot.panels[i];

@@ -60,6 +60,15 @@ void draw_page_texts(cairo_t* cr, const graphics::Plot& plot, const RenderOption
   }
 }
 
+void draw_notes(cairo_t* cr, const graphics::Plot& plot, const PageLayout& page,
+                const RenderOptions& o) {
+  use_font(cr, o, Role::kNote);
+  cairo_set_source_rgb(cr, 0.27, 0.27, 0.27);
+  for (std::size_t i = 0; i < plot.notes.size(); ++i) {
+    draw_text(cr, page.notes_left, page.note_baselines[i], plot.notes[i], graphics::Align::kLeft);
+  }
+}
+
 }  // namespace
 
 void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& options) {
@@ -70,6 +79,7 @@ void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& opt
     cairo_set_source_rgb(cr, 0, 0, 0);
     draw_text(cr, options.width / 2, page.title_baseline, plot.title, graphics::Align::kCenter);
   }
+  draw_notes(cr, plot, page, options);
   for (std::size_t i = 0; i < plot.panels.size(); ++i) {
     const graphics::Panel& panel = plot.panels[i];
     const Frame& f = page.frames[i];

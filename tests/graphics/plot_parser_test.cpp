@@ -1,5 +1,6 @@
 #include "graphics/plot_parser.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -68,6 +69,11 @@ const BadSource kBadSources[] = {
     {"#IFCHECKED \"A\" CHECKED\n#ENDIF\n#IF.NOT.CHECKED \"A\" .NOT.CHECKED\n#ENDIF\n",
      "line 3: option \"A\" is .NOT.CHECKED here but CHECKED on line 1"},
     {"#IFCHECKED \"\"\n#ENDIF\n", "line 1: #IFCHECKED: the option's label is empty"},
+    {"NOTE\n", "line 1: NOTE: expected the note text in double quotes"},
+    {"NOTE 12\n", "line 1: NOTE: expected the note text in double quotes, found \"12\""},
+    {"NOTE \"a\" LEFT\n", "line 1: NOTE: unexpected \"LEFT\""},
+    {"PANEL \"a\"\nSERIES \"s\"\nNOTE \"n\"\n",
+     "line 3: NOTE inside SERIES \"s\" (DATA ... END missing?)"},
 };
 
 TEST(PlotParser, MalformedSourcesAreRefusedWithTheLineAndTheReason) {
@@ -128,6 +134,26 @@ TEST(PlotParser, OptionBlocksFollowTheirDefaultsAndTheStatesSet) {
   }
 }
 
+TEST(PlotParser, NotesStandAnywhereOutsideASeriesAndKeepTheirOrder) {
+  const ParsedPlot p = parse_plot(
+      "NOTE \"first\"\nPAGE \"t\"\nPANEL \"a\"\nnote \"the \"\"second\"\"\"\n"
+      "#IFCHECKED \"Extra\" .NOT.CHECKED\nNOTE \"hidden\"\n#ENDIF\n"
+      "PANEL \"b\"\nSERIES \"s\"\nDATA\nEND\nNOTE \"\"\nNOTE \"last\"\n");
+  ASSERT_TRUE(p.ok) << p.message;
+  EXPECT_EQ(p.plot.notes, (std::vector<std::string>{"first", "the \"second\"", "", "last"}));
+}
+
+TEST(PlotParser, NotesBeyondTheCapAreRefusedButUndrawnOnesDoNotCount) {
+  std::string sixteen;
+  for (int i = 1; i <= 16; ++i) sixteen += fmt::format("NOTE \"{}\"\n", i);
+  // Sixteen notes on lines 1 to 16, the seventeenth on line 17.
+  EXPECT_EQ(parse_plot(sixteen + "NOTE \"17\"\n").message, "line 17: more than 16 notes");
+  const ParsedPlot p =
+      parse_plot(sixteen + "#IFCHECKED \"More\" .NOT.CHECKED\nNOTE \"17\"\n#ENDIF\n");
+  ASSERT_TRUE(p.ok) << p.message;
+  EXPECT_EQ(p.plot.notes.size(), 16u);
+}
+
 TEST(PlotParser, ReadsBackExactlyWhatTheWriterWrote) {
   // Values chosen to need every digit of their shortest forms; missing in each column.
   const std::vector<float> x = {0.1f, 1e-7f, 3.4028235e38f, core::kMissingF};
@@ -135,6 +161,7 @@ TEST(PlotParser, ReadsBackExactlyWhatTheWriterWrote) {
   const std::vector<float> e = {0.3f, 0.0f, core::kMissingF, 2.0f};
   PlotWriter w;
   w.page("Title with \"quotes\"");
+  w.note("Note with \"quotes\"");
   w.panel("P", 2.5);
   w.x_axis({.label = "t", .low = -1.0, .high = 1e9, .tick_step = 0.25});
   w.y_axis({.label = "c", .scale = Scale::kLog});
@@ -156,6 +183,7 @@ TEST(PlotParser, ReadsBackExactlyWhatTheWriterWrote) {
   const ParsedPlot p = parse_plot(w.text());
   ASSERT_TRUE(p.ok) << p.message;
   EXPECT_EQ(p.plot.title, "Title with \"quotes\"");
+  EXPECT_EQ(p.plot.notes, (std::vector<std::string>{"Note with \"quotes\""}));
   ASSERT_EQ(p.plot.panels.size(), 1u);
   const Panel& panel = p.plot.panels[0];
   EXPECT_EQ(panel.height, 2.5);

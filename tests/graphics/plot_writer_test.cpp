@@ -15,6 +15,7 @@ namespace {
 TEST(PlotWriter, WritesPanelsAxesAndSeriesAsTheLanguageSpellsThem) {
   PlotWriter w;
   w.page("Cluster8");
+  w.note("Half-Life \"50\"");
   w.panel("LH \"24 h\"", 2);
   w.x_axis({.label = "Time (min)", .low = 0.0, .high = 1440.0, .tick_step = 240.0});
   w.y_axis({.label = "LH", .scale = Scale::kLog});
@@ -38,6 +39,7 @@ TEST(PlotWriter, WritesPanelsAxesAndSeriesAsTheLanguageSpellsThem) {
   // the same float, a missing value as MISSING.
   EXPECT_EQ(w.text(),
             "PAGE \"Cluster8\"\n"
+            "NOTE \"Half-Life \"\"50\"\"\"\n"
             "PANEL \"LH \"\"24 h\"\"\" HEIGHT 2\n"
             "XAXIS \"Time (min)\" LINEAR RANGE 0 1440 TICKS 240\n"
             "YAXIS \"LH\" LOG\n"

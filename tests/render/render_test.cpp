@@ -154,6 +154,37 @@ TEST(RenderStructure, AnUncheckedBlockDrawsNothing) {
   EXPECT_GT(difference(png_of(plot_of(base + block, {{"Extra", true}})), without), 0.0);
 }
 
+TEST(RenderStructure, NotesMoveTheTopPanelDownByTheirLines) {
+  // A note line is the note font's ascent + descent. DejaVu Sans has (1901 + 483) / 2048
+  // em (its hhea table, read with Python's struct), notes are 0.9 x 11 = 9.9 pt, so a line
+  // is 11.52422 pt, and the last note is followed by the 5 pt gap of the layout. An
+  // undrawn note reserves nothing. The bottom of the plot area stays where it is.
+  constexpr double kNoteLine = 2384.0 / 2048.0 * 9.9;
+  constexpr double kGapBelowNotes = 5;
+  // cairo keeps path coordinates in 24.8 fixed point, each within 1/256 pt of its value.
+  constexpr double kSvgRounding = 2.0 / 256;
+  const std::string base =
+      "PAGE \"Title\"\nPANEL \"p\"\nXAXIS \"t\" RANGE 0 10\n"
+      "YAXIS \"c\" RANGE 0 10\n";
+  const std::string hidden = "#IFCHECKED \"More\" .NOT.CHECKED\nNOTE \"hidden\"\n#ENDIF\n";
+  const auto frame_of = [](const std::string& source) {
+    const Rendered r = render(plot_of(source), Format::kSvg, {});
+    EXPECT_TRUE(r.ok) << r.message;
+    return testing_support::first_closed_span(r.bytes, testing_support::kFrameStroke)
+        .value_or(testing_support::VerticalSpan{});
+  };
+  const testing_support::VerticalSpan without = frame_of(base);
+  ASSERT_GT(without.bottom, without.top);
+  EXPECT_NEAR(frame_of(base + hidden).top, without.top, kSvgRounding);
+  for (int n : {1, 3, 16}) {
+    std::string notes;
+    for (int i = 0; i < n; ++i) notes += "NOTE \"a note\"\n";
+    const testing_support::VerticalSpan with = frame_of(notes + base + hidden);
+    EXPECT_NEAR(with.top - without.top, n * kNoteLine + kGapBelowNotes, kSvgRounding) << n;
+    EXPECT_NEAR(with.bottom, without.bottom, kSvgRounding) << n;
+  }
+}
+
 TEST(RenderFormats, EveryFormatComesOutWithItsSignature) {
   const graphics::Plot plot = plot_of(read_file(kData + "styles.grf"));
   const struct {

@@ -1,5 +1,8 @@
 #pragma once
 // Structural checks of the SVG files cairo writes.
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
 #include <string>
 
 namespace tidemark::testing_support {
@@ -21,5 +24,46 @@ inline int closed_subpaths(const std::string& svg, const std::string& fill) {
 // The fill of #123456, the colour the structural tests give the shapes they count:
 // 0x12/255, 0x34/255 and 0x56/255 as percentages.
 inline const std::string kCountedFill = "fill:rgb(7.058824%,20.392157%,33.72549%)";
+
+// The top and bottom y of a rectangle drawn as a closed sub-path.
+struct VerticalSpan {
+  double top = 0;
+  double bottom = 0;
+};
+
+// The vertical span of the first closed sub-path ("M x y L ... Z") of the first path
+// element stroked with `stroke` ("stroke:rgb(20%,20%,20%)"), or none.
+inline std::optional<VerticalSpan> first_closed_span(const std::string& svg,
+                                                     const std::string& stroke) {
+  const std::size_t at = svg.find(stroke);
+  if (at == std::string::npos) return std::nullopt;
+  const std::size_t d = svg.find(" d=\"", at);
+  if (d == std::string::npos) return std::nullopt;
+  const std::size_t z = svg.find('Z', d);
+  const std::size_t m = svg.rfind('M', z);
+  if (z == std::string::npos || m == std::string::npos || m < d) return std::nullopt;
+  // Numbers alternate x, y; only the y values count.
+  std::optional<VerticalSpan> span;
+  bool is_y = false;
+  for (const char* p = svg.c_str() + m; p < svg.c_str() + z;) {
+    char* end = nullptr;
+    const double v = std::strtod(p, &end);
+    if (end == p) {
+      ++p;
+      continue;
+    }
+    if (is_y) {
+      if (!span) span = VerticalSpan{v, v};
+      span->top = std::min(span->top, v);
+      span->bottom = std::max(span->bottom, v);
+    }
+    is_y = !is_y;
+    p = end;
+  }
+  return span;
+}
+
+// The stroke of the plot areas' frames (#333333).
+inline const std::string kFrameStroke = "stroke:rgb(20%,20%,20%)";
 
 }  // namespace tidemark::testing_support

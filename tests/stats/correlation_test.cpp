@@ -1,79 +1,82 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <map>
-#include <sstream>
+#include <optional>
+#include <string>
 
 #include "stats/correlation_analysis.h"
+#include "stats/reference_fixture.h"
 
 namespace tidemark::stats {
 namespace {
 
 constexpr double kTight = 1e-12;
 constexpr double kSingle = 1e-6;  // tau is single precision
+// The Moran errors of the fixture are recovered from differences of R's Ljung-Box
+// statistics, which costs a few digits.
+constexpr double kFromDifferences = 1e-10;
 
-// The rows of tests/data/stats/correlation_reference.txt (written by
-// correlation_reference.py, a plain-Python transcription of the definitions), keyed by
-// their first word, each with its numbers.
-std::multimap<std::string, std::vector<double>> reference_rows() {
-  std::ifstream in(std::string(TIDEMARK_TEST_DATA) + "/stats/correlation_reference.txt");
-  std::multimap<std::string, std::vector<double>> rows;
-  for (std::string line; std::getline(in, line);) {
-    if (line.empty() || line[0] == '#') continue;
-    std::istringstream words(line);
-    std::string key;
-    words >> key;
-    std::vector<double> values;
-    for (std::string w; words >> w;)
-      if (std::isdigit(static_cast<unsigned char>(w.back()))) values.push_back(std::stod(w));
-    rows.emplace(key, values);
+using testing_support::FixtureBlock;
+using testing_support::read_fixture;
+
+// Expects a correlation the program leaves undefined exactly where R gives none.
+void expect_correlation(const std::optional<double>& got, const std::optional<double>& want,
+                        double tolerance, const std::string& where) {
+  ASSERT_EQ(got.has_value(), want.has_value()) << where;
+  if (want) {
+    EXPECT_NEAR(*got, *want, tolerance) << where;
   }
-  return rows;
 }
 
-std::vector<double> row(const std::multimap<std::string, std::vector<double>>& rows,
-                        const std::string& key) {
-  return rows.find(key)->second;
+void expect_series(const SeriesCorrelation& series, const FixtureBlock& c, const std::string& name,
+                   const std::vector<double>& x, int max_lag) {
+  EXPECT_NEAR(series.acf.mean, c.number("mean_" + name), kTight);
+  EXPECT_NEAR(series.acf.variance, c.number("variance_" + name), kTight);
+  const auto bartlett =
+      autocorrelation(x, {.max_lag = max_lag, .standard_errors = kBartlettStandardErrors});
+  ASSERT_TRUE(bartlett.status.ok) << bartlett.status.message;
+  for (const auto& v : c.all("acf_" + name)) {
+    // lag, autocovariance, autocorrelation, Moran S.E., Bartlett S.E., PACF
+    const auto k = static_cast<std::size_t>(*v[0]);
+    const std::string where = c.name + " acf_" + name + " lag " + std::to_string(k);
+    EXPECT_NEAR(series.acf.autocovariance[k], *v[1], kTight) << where;
+    expect_correlation(series.acf.correlation[k], v[2], kTight, where);
+    EXPECT_NEAR(series.acf.standard_error[k], *v[3], kFromDifferences) << where;
+    EXPECT_NEAR(bartlett.standard_error[k], *v[4], kTight) << where;
+    expect_correlation(series.pacf.partial[k - 1], v[5], 1e-10, where);
+  }
 }
 
-TEST(CorrelationAnalysis, AgreesWithThePythonReferenceAtEveryLag) {
-  const auto rows = reference_rows();
-  ASSERT_FALSE(rows.empty());
-  const auto a = row(rows, "a"), b = row(rows, "b");
-  const int max_lag = static_cast<int>(row(rows, "maxlag")[0]);
-  const auto result = correlation_analysis(a, b, max_lag);
-  ASSERT_TRUE(result.status.ok) << result.status.message;
-  EXPECT_NEAR(result.a.acf.mean, row(rows, "mean_a")[0], kTight);
-  EXPECT_NEAR(result.a.acf.variance, row(rows, "mean_a")[1], kTight);
-  EXPECT_NEAR(result.b.acf.variance, row(rows, "mean_b")[1], kTight);
-  for (const auto& [key, series] : {std::pair{"acf_a", &result.a}, std::pair{"acf_b", &result.b}}) {
-    auto [first, last] = rows.equal_range(key);
-    for (auto it = first; it != last; ++it) {
-      const auto& v = it->second;  // lag, autocovariance, autocorrelation, S.E., PACF
-      const auto k = static_cast<std::size_t>(v[0]);
-      EXPECT_NEAR(series->acf.autocovariance[k], v[1], kTight) << key << " lag " << k;
-      EXPECT_NEAR(*series->acf.correlation[k], v[2], kTight) << key << " lag " << k;
-      EXPECT_NEAR(series->acf.standard_error[k], v[3], kTight) << key << " lag " << k;
-      EXPECT_NEAR(*series->pacf.partial[k - 1], v[4], 1e-10) << key << " lag " << k;
+// Every case of tests/data/stats/correlation_reference.txt: R's acf, pacf, ccf and
+// cor(method = "kendall"), mapped to this program's lags and normalisations as the
+// fixture's header says.
+TEST(CorrelationAnalysis, AgreesWithRAtEveryLagOfEveryReferenceCase) {
+  const auto cases = read_fixture("stats/correlation_reference.txt", "case");
+  ASSERT_EQ(cases.size(), 3u);
+  for (const FixtureBlock& c : cases) {
+    const auto a = c.numbers("a"), b = c.numbers("b");
+    const int max_lag = static_cast<int>(c.number("maxlag"));
+    const auto result = correlation_analysis(a, b, max_lag);
+    ASSERT_TRUE(result.status.ok) << c.name << ": " << result.status.message;
+    expect_series(result.a, c, "a", a, max_lag);
+    expect_series(result.b, c, "b", b, max_lag);
+    for (const auto& v : c.all("ccf")) {  // lag, covariance, correlation, S.E.
+      const auto i = static_cast<std::size_t>(*v[0] + max_lag);
+      const std::string where = c.name + " ccf lag " + std::to_string(static_cast<int>(*v[0]));
+      EXPECT_NEAR(result.cross.covariance[i], *v[1], kTight) << where;
+      expect_correlation(result.cross.correlation[i], v[2], kTight, where);
+      EXPECT_NEAR(result.cross_standard_error[i], *v[3], kTight) << where;
     }
-  }
-  auto [c0, c1] = rows.equal_range("ccf");  // lag, covariance, correlation, S.E.
-  for (auto it = c0; it != c1; ++it) {
-    const auto i = static_cast<std::size_t>(it->second[0] + max_lag);
-    EXPECT_NEAR(result.cross.covariance[i], it->second[1], kTight);
-    EXPECT_NEAR(*result.cross.correlation[i], it->second[2], kTight);
-    EXPECT_NEAR(result.cross_standard_error[i], it->second[3], kTight);
-  }
-  auto [k0, k1] = rows.equal_range("kendall");  // lag, na, nb, score, tau, S.E.
-  for (auto it = k0; it != k1; ++it) {
-    const auto& v = it->second;
-    const auto& k = result.kendall[static_cast<std::size_t>(v[0] + max_lag)];
-    EXPECT_EQ(k.counts.na, static_cast<long long>(v[1])) << "lag " << v[0];
-    EXPECT_EQ(k.counts.nb, static_cast<long long>(v[2])) << "lag " << v[0];
-    EXPECT_EQ(k.counts.score, static_cast<long long>(v[3])) << "lag " << v[0];
-    EXPECT_NEAR(*k.tau, v[4], kSingle);
-    EXPECT_NEAR(*k.standard_error, v[5], kTight);
+    for (const auto& v : c.all("kendall")) {  // lag, na, nb, score, tau, S.E.
+      const auto& k = result.kendall[static_cast<std::size_t>(*v[0] + max_lag)];
+      const std::string where = c.name + " kendall lag " + std::to_string(static_cast<int>(*v[0]));
+      EXPECT_EQ(k.counts.na, static_cast<long long>(*v[1])) << where;
+      EXPECT_EQ(k.counts.nb, static_cast<long long>(*v[2])) << where;
+      EXPECT_EQ(k.counts.score, static_cast<long long>(*v[3])) << where;
+      const std::optional<double> tau = k.tau ? std::optional<double>(*k.tau) : std::nullopt;
+      expect_correlation(tau, v[4], kSingle, where);
+      expect_correlation(k.standard_error, v[5], kTight, where);
+    }
   }
 }
 

@@ -40,10 +40,9 @@ TEST(Lsfit2, AStraightLineMatchesTheClosedFormWithItsStandardErrors) {
   EXPECT_NEAR(fit.variance, 0.02133333333333336, kClosedFormTolerance);
   EXPECT_NEAR(fit.standard_errors[0], 0.16653327995729073, 1e-7);
   EXPECT_NEAR(fit.standard_errors[1], 0.04276179870598793, 1e-7);
-  // t(0.975, 4) = 2.776445105 by bisection on the Simpson-integrated t density (python3);
-  // the interval is approximate to 1e-3 of a standard error.
-  EXPECT_NEAR(fit.upper[1] - fit.values[1], 2.776445105 * 0.04276179870598793, 1e-3 * 0.043);
-  EXPECT_NEAR(fit.values[1] - fit.lower[1], 2.776445105 * 0.04276179870598793, 1e-3 * 0.043);
+  // t(0.975, 4) = 2.7764451051977934 (R's qt); the standard error above agrees to 1e-7.
+  EXPECT_NEAR(fit.upper[1] - fit.values[1], 2.7764451051977934 * 0.04276179870598793, 3e-7);
+  EXPECT_NEAR(fit.values[1] - fit.lower[1], 2.7764451051977934 * 0.04276179870598793, 3e-7);
   EXPECT_EQ(fit.points, 6);
   EXPECT_EQ(fit.fitted, 2);
 }
@@ -118,19 +117,17 @@ TEST(Lsfit2, FailuresComeBackAsDistinctCodesWithAMessage) {
   EXPECT_EQ(code_number(Lsfit2Code::kNoConvergence), 3);
 }
 
-TEST(Lsfit2TQuantile, MatchesTheStudentQuantileWithinItsStatedAccuracy) {
-  // dof 1, 2: tan(0.475 pi) and 0.95/sqrt(0.04875) (python3); dof 3, 10, 30: bisection
-  // on the Simpson-integrated t density (python3).
+TEST(Lsfit2TQuantile, MatchesRsQtToRounding) {
+  // R 4.2.2: sprintf("%.17g", qt(0.975, dof)). Either side of 1000 degrees of freedom,
+  // where the series gives way to the Cornish-Fisher expansion.
   const struct {
     int dof;
     double t;
-    double tolerance;
-  } cases[] = {{1, 12.706204736174696, 1e-12},
-               {2, 4.302652729749464, 1e-12},
-               {3, 3.1824463052837104, 0.004},
-               {10, 2.228138851986313, 1e-5},
-               {30, 2.0422724563012595, 1e-7}};
-  for (const auto& c : cases) EXPECT_NEAR(t_quantile_975(c.dof), c.t, c.tolerance) << c.dof;
+  } cases[] = {{1, 12.706204736174694},    {2, 4.3026527297494619},     {3, 3.1824463052837078},
+               {4, 2.7764451051977934},    {10, 2.2281388519862739},    {12, 2.1788128296672284},
+               {30, 2.0422724563012378},   {100, 1.9839715185235516},   {1000, 1.9623390808264076},
+               {1001, 1.9623367052808791}, {100000, 1.9599877075346088}};
+  for (const auto& c : cases) EXPECT_NEAR(t_quantile_975(c.dof), c.t, 1e-13 * c.t) << c.dof;
 }
 
 }  // namespace

@@ -1,15 +1,18 @@
-// Approximate entropy: one ApEn(m = 1, 2) by the direct and the fast counting methods,
-// and the whole calculation with its two 1,000-cycle Monte-Carlo passes.
+// Approximate entropy: one ApEn(m = 1, 2) by the direct and the fast counting methods
+// side by side, the two fast methods on their own, and the whole calculation with its
+// two 1,000-cycle Monte-Carlo passes on all cores (wall time).
 #include <benchmark/benchmark.h>
 
 #include <cmath>
 
 #include "core/random.h"
+#include "entropy_bench_sizes.h"
 #include "stats/apen_analysis.h"
 
 namespace {
 
 using tidemark::stats::CountMethod;
+using tidemark::stats::MatchMethod;
 
 // A pulsatile series in Z-scores: a sine of period 12 samples plus Gaussian noise,
 // standard errors 0.1, every point usable.
@@ -34,12 +37,24 @@ void BM_ApEn(benchmark::State& state) {
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_ApEn<CountMethod::kDirect>)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_ApEn<CountMethod::kFast>)
-    ->Arg(1000)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ApEn<CountMethod::kDirect>)->Name("ApEn/direct")->Apply(tidemark::bench::direct_sizes);
+BENCHMARK(BM_ApEn<CountMethod::kDirect>)->Name("ApEn/direct")->Apply(tidemark::bench::direct_once);
+BENCHMARK(BM_ApEn<CountMethod::kFast>)->Name("ApEn/fast")->Apply(tidemark::bench::fast_sizes);
+
+// The two fast counting methods alone, for the choice between them.
+template <MatchMethod method>
+void BM_ApEnCounts(benchmark::State& state) {
+  const auto s = series(state.range(0));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(tidemark::stats::count_matches_fast_all(s.x, s.usable, 0.2f, method));
+  }
+}
+BENCHMARK(BM_ApEnCounts<MatchMethod::kRunScan>)
+    ->Name("ApEnCounts/run_scan")
+    ->Apply(tidemark::bench::counting_sizes);
+BENCHMARK(BM_ApEnCounts<MatchMethod::kBoxes>)
+    ->Name("ApEnCounts/rank_space")
+    ->Apply(tidemark::bench::counting_sizes);
 
 // The whole calculation (data, 1,000 noise-added and 1,000 shuffled cycles) on all cores.
 template <CountMethod method>
@@ -50,14 +65,10 @@ void BM_ApEnCalculate(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_ApEnCalculate<CountMethod::kDirect>)
-    ->Arg(144)
-    ->Arg(1024)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+    ->Name("ApEnCalculate/direct")
+    ->Apply(tidemark::bench::calculation_sizes);
 BENCHMARK(BM_ApEnCalculate<CountMethod::kFast>)
-    ->Arg(144)
-    ->Arg(1024)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+    ->Name("ApEnCalculate/fast")
+    ->Apply(tidemark::bench::calculation_sizes);
 
 }  // namespace

@@ -13,9 +13,6 @@
 
 namespace tidemark::stats {
 
-// How the template matches are counted; both give the same counts.
-enum class CountMethod { kDirect, kFast };
-
 struct ApEnValues {
   float apen1 = 0;  // ApEn(1, r, N)
   float apen2 = 0;  // ApEn(2, r, N)

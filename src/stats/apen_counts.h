@@ -12,6 +12,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/template_matches.h"
+
 namespace tidemark::stats {
 
 struct TemplateCounts {
@@ -25,19 +27,12 @@ struct TemplateCounts {
 TemplateCounts count_matches_direct(std::span<const float> x, std::span<const std::uint8_t> usable,
                                     float r, int m);
 
-// The same counts, fast. Usable templates are sorted by their first value;
-// because float subtraction is monotone, the partners of x[i] in the first value are a
-// contiguous run of the sorted values, and one sweep with the same test |x[i] − x[j]| ≤ r
-// finds every run. For m = 1 the run's length is the count; for m > 1 the run is scanned
-// four at a time (SIMD) for the remaining values, stored contiguously in sorted order.
-// O(N log N) plus the total length of the runs, memory O(N). Values that are not finite
-// make the test non-monotone (inf − inf is NaN): such a series is counted by the direct
-// method.
-TemplateCounts count_matches_fast(std::span<const float> x, std::span<const std::uint8_t> usable,
-                                  float r, int m);
-
-// The fast counts of m = 1, 2 and 3 at once, from one sort of the usable points.
+// The same counts for m = 1, 2 and 3 at once, fast: the usable points are sorted once
+// and the counts taken by a scan of each template's run of partners or in rank space,
+// whichever `method` names (stats/template_matches.h). O(N log N) plus the run
+// lengths, or O(N log^2 N); memory O(N).
 std::array<TemplateCounts, 3> count_matches_fast_all(std::span<const float> x,
-                                                     std::span<const std::uint8_t> usable, float r);
+                                                     std::span<const std::uint8_t> usable, float r,
+                                                     MatchMethod method = MatchMethod::kAdaptive);
 
 }  // namespace tidemark::stats

@@ -16,8 +16,11 @@ XApEn xapen_from_counts(const CrossCounts& counts, int n) {
   return result;
 }
 
-XApEn cross_apen(std::span<const double> a, std::span<const double> b, double r, HitTable* hits) {
-  return xapen_from_counts(cross_counts_fast(a, b, r, hits), static_cast<int>(a.size()));
+XApEn cross_apen(std::span<const double> a, std::span<const double> b, double r, HitTable* hits,
+                 CountMethod method) {
+  return xapen_from_counts(method == CountMethod::kDirect ? cross_counts_direct(a, b, r, hits)
+                                                          : cross_counts_fast(a, b, r, hits),
+                           static_cast<int>(a.size()));
 }
 
 Standardised standardise(std::span<const float> x, std::span<const float> s) {

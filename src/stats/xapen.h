@@ -27,10 +27,10 @@ struct XApEn {
 // Phi(1..3) and X-ApEn(1..2) from the counts of N-point series (N >= kXApEnMinPoints).
 XApEn xapen_from_counts(const CrossCounts& counts, int n);
 
-// X-ApEn of a and b (same length, at least kXApEnMinPoints) at tolerance r, counted by
-// the fast method; with `hits`, the matches at m = 1 and 2 are added to it by lag.
+// X-ApEn of a and b (same length, at least kXApEnMinPoints) at tolerance r; with
+// `hits`, the matches at m = 1 and 2 are added to it by lag.
 XApEn cross_apen(std::span<const double> a, std::span<const double> b, double r,
-                 HitTable* hits = nullptr);
+                 HitTable* hits = nullptr, CountMethod method = CountMethod::kFast);
 
 // A series and its standard errors on the Z-score scale: mean and SD over the n points
 // (SD = sqrt(sum (x - mean)^2 / (n - 1))), then x <- (x - mean) / SD and s <- s / SD.

@@ -9,13 +9,14 @@
 //   c.counts[1][i]   // c_2(i), i = 0 .. N-2
 //
 // Two methods give identical counts: the direct one examines every pair (N^2 work per
-// m); the fast one sorts B once and, because fl(x - y) is monotone in y, finds the
-// partners of a(i) at m = 1 as one contiguous run of the sorted values with the same
-// test |a(i) - b(j)| <= r, then checks the further coordinates of that run only.
+// m); the fast one counts in rank space from B's values sorted once
+// (stats/template_matches.h). A NaN difference never matches.
 #include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
+
+#include "stats/template_matches.h"
 
 namespace tidemark::stats {
 
@@ -42,9 +43,17 @@ struct CrossCounts {
 CrossCounts cross_counts_direct(std::span<const double> a, std::span<const double> b, double r,
                                 HitTable* hits = nullptr);
 
+// The one test of both methods: |x - y| <= r, false when x - y is NaN.
+inline bool cross_within(double x, double y, double r) {
+  const double d = x - y;
+  return d <= r && d >= -r;
+}
+
 // The same counts (and hits) through B sorted by value: O(N log N) plus the length of
-// the m = 1 partner runs. Memory linear in N.
+// the partner runs, or O(N log^2 N), as `method` picks. The hits are the matches
+// themselves, enumerated over the m = 1 runs. Memory linear in N.
 CrossCounts cross_counts_fast(std::span<const double> a, std::span<const double> b, double r,
-                              HitTable* hits = nullptr);
+                              HitTable* hits = nullptr,
+                              MatchMethod method = MatchMethod::kAdaptive);
 
 }  // namespace tidemark::stats

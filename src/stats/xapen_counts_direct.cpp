@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 
 #include "stats/xapen_counts.h"
 
@@ -21,9 +20,9 @@ CrossCounts cross_counts_direct(std::span<const double> a, std::span<const doubl
     counts.assign(k, 0);
     for (int i = 0; i < k; ++i) {
       for (int j = 0; j < k; ++j) {
-        double distance = 0;
-        for (int e = 0; e < m; ++e) distance = std::max(distance, std::abs(a[i + e] - b[j + e]));
-        if (distance > r) continue;
+        bool match = true;
+        for (int e = 0; e < m && match; ++e) match = cross_within(a[i + e], b[j + e], r);
+        if (!match) continue;
         ++counts[i];
         if (hits && m <= 2) hits->add(m - 1, j - i);
       }

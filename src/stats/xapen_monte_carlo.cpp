@@ -22,15 +22,15 @@ struct Scratch {
 };
 
 void run_cycle(std::span<const double> a, std::span<const double> sa, std::span<const double> b,
-               std::span<const double> sb, double r, std::uint64_t seed, int cycle,
-               Scratch& scratch, XApEnCycles& out) {
-  core::Random random(cycle_seed(seed, cycle));
+               std::span<const double> sb, double r, const XApEnMonteCarloOptions& options,
+               int cycle, Scratch& scratch, XApEnCycles& out) {
+  core::Random random(cycle_seed(options.seed, cycle));
   noise_surrogate(a, sa, random, scratch.a);
   noise_surrogate(b, sb, random, scratch.b);
-  const XApEn noise = cross_apen(scratch.a, scratch.b, r);
+  const XApEn noise = cross_apen(scratch.a, scratch.b, r, nullptr, options.method);
   random_surrogate(a, sa, random, scratch.work, scratch.a);
   random_surrogate(b, sb, random, scratch.work, scratch.b);
-  const XApEn shuffled = cross_apen(scratch.a, scratch.b, r);
+  const XApEn shuffled = cross_apen(scratch.a, scratch.b, r, nullptr, options.method);
   for (int m = 0; m < 2; ++m) {
     out.noise[m][cycle] = noise.value[m];
     out.random[m][cycle] = shuffled.value[m];
@@ -72,8 +72,7 @@ XApEnCycles xapen_monte_carlo(std::span<const double> a, std::span<const double>
     const int last = std::min(cycles, first + kBlock);
     std::atomic<int> next{first};
     auto work = [&](Scratch& s) {
-      for (int c = next++; c < last; c = next++)
-        run_cycle(a, sa, b, sb, r, options.seed, c, s, out);
+      for (int c = next++; c < last; c = next++) run_cycle(a, sa, b, sb, r, options, c, s, out);
     };
     std::vector<std::jthread> pool;
     for (int t = 1; t < threads; ++t) pool.emplace_back(work, std::ref(scratch[t]));

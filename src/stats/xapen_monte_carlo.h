@@ -10,6 +10,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/template_matches.h"
+
 namespace tidemark::stats {
 
 // Mean and SD of NC values: SD = sqrt(|sum (v - mean)^2 / (NC - 1)|); SD 0 for NC < 2.
@@ -29,7 +31,8 @@ struct XApEnCycles {
 struct XApEnMonteCarloOptions {
   int cycles = 1000;
   std::uint64_t seed = 1;
-  int threads = 0;  // 0: one per hardware core
+  int threads = 0;                          // 0: one per hardware core
+  CountMethod method = CountMethod::kFast;  // both give the same values
   // Called between blocks of cycles with the fraction done; false stops the passes.
   std::function<bool(double)> progress{};
 };

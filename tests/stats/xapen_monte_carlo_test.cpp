@@ -51,13 +51,14 @@ TEST(MeanSd, TableOfSmallSamples) {
   }
 }
 
-TEST(XApEnMonteCarlo, ResultsDependOnTheSeedAloneNotOnTheThreadCount) {
+TEST(XApEnMonteCarlo, ResultsDependOnTheSeedAloneNotOnTheThreadCountOrCountingMethod) {
   const Series a = {0.1, -1.2, 0.7, 1.5, -0.3, 0.0, 0.9, -0.8, 1.1, -1.4};
   const Series b = {1.0, 0.2, -0.5, 0.4, -1.1, 1.3, -0.2, 0.6, -0.9, 0.3};
   const Series s(10, 0.1);
   XApEnMonteCarloOptions options{.cycles = 60, .seed = 11, .threads = 1};
   const XApEnCycles one = xapen_monte_carlo(a, s, b, s, 0.5, options);
   options.threads = 3;
+  options.method = CountMethod::kDirect;
   const XApEnCycles three = xapen_monte_carlo(a, s, b, s, 0.5, options);
   EXPECT_EQ(one.noise, three.noise);
   EXPECT_EQ(one.random, three.random);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <map>
 #include <vector>
 
@@ -74,14 +75,28 @@ std::map<int, int> nonzero(const HitTable& hits, int m_index) {
   return out;
 }
 
-TEST(CrossApEn, BothMethodsMatchAnIndependentTranscriptionIncludingHitsByLag) {
+// The direct method and both fast methods (run scan, rank space).
+struct Method {
+  const char* name;
+  bool fast;
+  MatchMethod match;
+};
+const Method kMethods[] = {{"direct", false, MatchMethod::kAdaptive},
+                           {"run scan", true, MatchMethod::kRunScan},
+                           {"rank space", true, MatchMethod::kBoxes}};
+
+CrossCounts counts_by(const Method& method, const Series& a, const Series& b, double r,
+                      HitTable* hits) {
+  return method.fast ? cross_counts_fast(a, b, r, hits, method.match)
+                     : cross_counts_direct(a, b, r, hits);
+}
+
+TEST(CrossApEn, EveryMethodMatchesAnIndependentTranscriptionIncludingHitsByLag) {
   for (const Reference& ref : kReferences) {
-    for (const bool fast : {false, true}) {
-      SCOPED_TRACE(testing::Message() << "r = " << ref.r << (fast ? " fast" : " direct"));
+    for (const Method& method : kMethods) {
+      SCOPED_TRACE(testing::Message() << "r = " << ref.r << " " << method.name);
       HitTable hits(10);
-      const CrossCounts counts = fast ? cross_counts_fast(kA, kB, ref.r, &hits)
-                                      : cross_counts_direct(kA, kB, ref.r, &hits);
-      const XApEn x = xapen_from_counts(counts, 10);
+      const XApEn x = xapen_from_counts(counts_by(method, kA, kB, ref.r, &hits), 10);
       for (int m = 0; m < 3; ++m) EXPECT_NEAR(x.phi[m], ref.phi[m], kTight);
       for (int m = 0; m < 2; ++m) EXPECT_NEAR(x.value[m], ref.xapen[m], kTight);
       EXPECT_EQ(nonzero(hits, 0), ref.hits_m1);
@@ -115,18 +130,45 @@ Series random_series(core::Random& random, int n, bool ties) {
   return s;
 }
 
+void expect_fast_equals_direct(const Series& a, const Series& b, double r) {
+  const int n = static_cast<int>(a.size());
+  HitTable direct_hits(n);
+  const CrossCounts direct = cross_counts_direct(a, b, r, &direct_hits);
+  for (const MatchMethod match : {MatchMethod::kRunScan, MatchMethod::kBoxes}) {
+    HitTable fast_hits(n);
+    const CrossCounts fast = cross_counts_fast(a, b, r, &fast_hits, match);
+    ASSERT_EQ(direct.counts, fast.counts) << (match == MatchMethod::kBoxes ? "rank space" : "scan");
+    ASSERT_EQ(direct_hits.counts, fast_hits.counts);
+  }
+}
+
 TEST(CrossApEn, FastCountsEqualDirectCountsOnThousandsOfRandomSeries) {
   core::Random random(2024);
   for (int trial = 0; trial < 3000; ++trial) {
+    SCOPED_TRACE(testing::Message() << "trial " << trial);
     const int n = 1 + static_cast<int>(random.uniform() * 40);
     const bool ties = trial % 2 == 0;
     const Series a = random_series(random, n, ties), b = random_series(random, n, ties);
     const double r = trial % 5 == 0 ? 0.0 : (ties ? 0.25 : random.uniform());
-    HitTable direct_hits(n), fast_hits(n);
-    const CrossCounts direct = cross_counts_direct(a, b, r, &direct_hits);
-    const CrossCounts fast = cross_counts_fast(a, b, r, &fast_hits);
-    ASSERT_EQ(direct.counts, fast.counts) << "trial " << trial;
-    ASSERT_EQ(direct_hits.counts, fast_hits.counts) << "trial " << trial;
+    expect_fast_equals_direct(a, b, r);
+  }
+}
+
+TEST(CrossApEn, FastCountsEqualDirectCountsOnLongSeriesAndSpecialValues) {
+  core::Random random(99);
+  for (const int n : {700, 1500}) {
+    const Series a = random_series(random, n, true), b = random_series(random, n, false);
+    for (const double r : {0.0, 0.25, 1.0}) expect_fast_equals_direct(a, b, r);
+  }
+  const double inf = std::numeric_limits<double>::infinity();
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  // inf - inf and any difference with NaN are NaN: never a match.
+  const Series a = {inf, 1, -inf, nan, 2, inf, 0};
+  const Series b = {1, inf, inf, -inf, nan, 2, -inf};
+  for (const double r : {0.0, 1.0, inf, -1.0, nan}) {
+    SCOPED_TRACE(testing::Message() << "r " << r);
+    expect_fast_equals_direct(a, b, r);
+    expect_fast_equals_direct(b, a, r);
   }
 }
 

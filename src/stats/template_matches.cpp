@@ -1,0 +1,161 @@
+#include "stats/template_matches.h"
+
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <vector>
+
+#include "stats/sorted_partners.h"
+
+namespace tidemark::stats {
+namespace {
+
+// 16 bytes of values and the lane masks of their comparisons (GCC and Clang vector
+// extensions; the compiler maps them onto the target's SIMD registers).
+template <typename T>
+struct Lanes;
+template <>
+struct Lanes<float> {
+  typedef float Values __attribute__((vector_size(16)));
+  typedef std::int32_t Mask __attribute__((vector_size(16)));
+};
+template <>
+struct Lanes<double> {
+  typedef double Values __attribute__((vector_size(16)));
+  typedef std::int64_t Mask __attribute__((vector_size(16)));
+};
+
+// The pairwise test |a − y| ≤ r, written as its two halves; false when a − y is NaN.
+template <typename T>
+inline bool within(T a, T y, T r) {
+  const T d = a - y;
+  return d <= r && d >= -r;
+}
+
+bool usable_point(std::span<const std::uint8_t> usable, std::size_t t) {
+  return usable.empty() || usable[t] != 0;
+}
+
+// Point t's value where a template may hold it; NaN past the end of the series or at an
+// unusable point, so that every test against it fails.
+template <typename T>
+T value_or_nan(std::span<const T> x, std::span<const std::uint8_t> usable, std::size_t t) {
+  return t < x.size() && usable_point(usable, t) ? x[t] : std::numeric_limits<T>::quiet_NaN();
+}
+
+struct RunCounts {
+  std::int64_t second = 0;  // partners whose second value is within r of a1
+  std::int64_t third = 0;   // ... and whose third value is within r of a2
+};
+
+// Tests the partners at sorted positions [lo, hi) on their second and third values.
+template <typename T>
+RunCounts scan_run(const T* second, const T* third, std::size_t lo, std::size_t hi, T a1, T a2,
+                   T r) {
+  using Values = typename Lanes<T>::Values;
+  using Mask = typename Lanes<T>::Mask;
+  constexpr std::size_t kWidth = sizeof(Values) / sizeof(T);
+  const Values v1 = Values{} + a1;
+  const Values v2 = Values{} + a2;
+  const Values vr = Values{} + r;
+  Mask found2{};
+  Mask found3{};
+  std::size_t p = lo;
+  for (; p + kWidth <= hi; p += kWidth) {
+    Values s;
+    Values t;
+    std::memcpy(&s, second + p, sizeof s);
+    std::memcpy(&t, third + p, sizeof t);
+    const Values d2 = v1 - s;
+    const Values d3 = v2 - t;
+    const Mask hit2 = (d2 <= vr) & (d2 >= -vr);
+    found2 -= hit2;
+    found3 -= hit2 & (d3 <= vr) & (d3 >= -vr);
+  }
+  RunCounts counts;
+  for (std::size_t k = 0; k < kWidth; ++k) {
+    counts.second += found2[k];
+    counts.third += found3[k];
+  }
+  for (; p < hi; ++p) {
+    const bool hit2 = within(a1, second[p], r);
+    counts.second += hit2;
+    counts.third += hit2 && within(a2, third[p], r);
+  }
+  return counts;
+}
+
+template <typename T>
+void scan_runs(std::span<const T> query, std::span<const T> partner,
+               std::span<const std::uint8_t> query_usable,
+               std::span<const std::uint8_t> partner_usable, T r, const SortedPartners<T>& sorted,
+               std::span<const std::int32_t> lo, std::span<const std::int32_t> hi,
+               BoxCounts& counts) {
+  // The second and third values of the partner templates, in sorted order.
+  const std::size_t ranked = sorted.index.size();
+  std::vector<T> second(ranked);
+  std::vector<T> third(ranked);
+  for (std::size_t p = 0; p < ranked; ++p) {
+    const std::size_t j = static_cast<std::size_t>(sorted.index[p]);
+    second[p] = value_or_nan(partner, partner_usable, j + 1);
+    third[p] = value_or_nan(partner, partner_usable, j + 2);
+  }
+  for (std::size_t i = 0; i + 1 < query.size(); ++i) {
+    if (lo[i] >= hi[i]) continue;
+    const RunCounts c =
+        scan_run<T>(second.data(), third.data(), static_cast<std::size_t>(lo[i]),
+                    static_cast<std::size_t>(hi[i]), value_or_nan(query, query_usable, i + 1),
+                    value_or_nan(query, query_usable, i + 2), r);
+    counts[1][i] = static_cast<std::int32_t>(c.second);
+    if (i + 2 < query.size()) counts[2][i] = static_cast<std::int32_t>(c.third);
+  }
+}
+
+// The work of the rank-space counting per point and squared bit of N, in partners
+// scanned in the same time: measured with the ApEn and X-ApEn counting benchmarks
+// (about 8 ns against 0.27 ns per float and 1.0 ns per double scanned).
+template <typename T>
+constexpr double kBoxCost = sizeof(T) == sizeof(float) ? 30.0 : 7.5;
+
+template <typename T>
+bool scan_is_quicker(std::span<const std::int32_t> lo, std::span<const std::int32_t> hi) {
+  std::int64_t scanned = 0;
+  for (std::size_t t = 0; t < lo.size(); ++t) scanned += hi[t] - lo[t];
+  const double n = static_cast<double>(lo.size());
+  const double bits = static_cast<double>(std::bit_width(lo.size()));
+  return static_cast<double>(scanned) <= kBoxCost<T> * n * bits * bits;
+}
+
+}  // namespace
+
+template <typename T>
+BoxCounts count_template_matches(std::span<const T> query, std::span<const T> partner,
+                                 std::span<const std::uint8_t> query_usable,
+                                 std::span<const std::uint8_t> partner_usable, T r,
+                                 MatchMethod method) {
+  const SortedPartners<T> sorted = sort_partners(partner, partner_usable);
+  std::vector<std::int32_t> lo;
+  std::vector<std::int32_t> hi;
+  partner_runs(sorted, query, query_usable, r, lo, hi);
+  if (method == MatchMethod::kAdaptive) {
+    method = scan_is_quicker<T>(lo, hi) ? MatchMethod::kRunScan : MatchMethod::kBoxes;
+  }
+  if (method == MatchMethod::kBoxes) return count_in_boxes(sorted.rank, lo, hi);
+  BoxCounts counts;
+  for (std::size_t m = 1; m <= 3; ++m) {
+    counts[m - 1].assign(query.size() >= m ? query.size() - m + 1 : 0, 0);
+  }
+  for (std::size_t i = 0; i < query.size(); ++i) counts[0][i] = hi[i] - lo[i];
+  scan_runs(query, partner, query_usable, partner_usable, r, sorted, lo, hi, counts);
+  return counts;
+}
+
+template BoxCounts count_template_matches(std::span<const float>, std::span<const float>,
+                                          std::span<const std::uint8_t>,
+                                          std::span<const std::uint8_t>, float, MatchMethod);
+template BoxCounts count_template_matches(std::span<const double>, std::span<const double>,
+                                          std::span<const std::uint8_t>,
+                                          std::span<const std::uint8_t>, double, MatchMethod);
+
+}  // namespace tidemark::stats

@@ -35,10 +35,10 @@ void marks(PlotWriter& w, const char* name, const graphics::SeriesStyle& style, 
   w.series(name, style, p.x, p.y);
 }
 
-// The outliers of one kind as symbols, or the line saying there are none.
+// The outliers of one kind as symbols, or the note saying there are none.
 void outliers(PlotWriter& w, const Cluster8Grid& g, const std::vector<int>& points,
-              const char* name, Colour colour, const char* none, double page_y) {
-  if (points.empty()) return w.text_at_page(0.12, page_y, none);
+              const char* name, Colour colour, const char* none) {
+  if (points.empty()) return w.note(none);
   marks(w, name, {.symbol = Symbol::kCircle, .symbol_size = kOutlierSymbolPoints, .colour = colour},
         at_points(g, points));
 }
@@ -73,17 +73,15 @@ std::string cluster8_graph(const data::DataSet& set, const Cluster8Result& r,
         at_points(r.grid, valley_points));
   w.end_option();
   w.begin_option(kShowParameters, When::kChecked, true);
-  w.text_at_page(0.12, 0.95,
-                 "Outlier were tested with a Half-Life of " +
-                     std::string(core::trim(core::format_g15_5(s.half_life))) +
-                     " and a critical T-score of " +
-                     std::string(core::trim(core::format_g15_5(s.outlier_t))));
+  w.note("Outlier were tested with a Half-Life of " +
+         std::string(core::trim(core::format_g15_5(s.half_life))) + " and a critical T-score of " +
+         std::string(core::trim(core::format_g15_5(s.outlier_t))));
   w.end_option();
   w.begin_option(kShowOutliers, When::kChecked, true);
   outliers(w, r.grid, r.outliers.questionable, "Questionable Outliers", kYellow,
-           "No Questionable Outliers Were Found.", 0.91);
+           "No Questionable Outliers Were Found.");
   outliers(w, r.grid, r.outliers.probable, "Probable Outliers", kRed,
-           "No Probable Outliers Were Found.", 0.87);
+           "No Probable Outliers Were Found.");
   w.end_option();
   return w.text();
 }

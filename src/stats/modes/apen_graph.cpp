@@ -29,10 +29,9 @@ std::string apen_graph_source(const data::DataSet& set, const ApEnResult& result
           .y = crop(set.y()),
           .sd = crop(set.dy())});
   for (std::size_t m = 0; m < 2; ++m) {
-    w.text_at_page(0.02, 0.97 - 0.04 * static_cast<double>(m),
-                   fmt::format("ApEn({}) = {}   P for Random = {}", m + 1,
-                               core::trim(apen_value(result.m[m].apen)),
-                               core::trim(apen_value(result.m[m].p))));
+    w.note(fmt::format("ApEn({}) = {}   P for Random = {}", m + 1,
+                       core::trim(apen_value(result.m[m].apen)),
+                       core::trim(apen_value(result.m[m].p))));
   }
   return w.text();
 }

@@ -80,12 +80,16 @@ TEST_F(ApEnMode, TooFewCyclesAreRefusedWithTheModesTitle) {
                                  "be between 2 and 1000000."}));
 }
 
-TEST_F(ApEnMode, TheGraphSourceParses) {
-  listing({"SET MC Cycles = 2"});
+// The series 1 .. 5 again: ApEn and P for Random as the listing above has them, each
+// pair a note under the page title.
+TEST_F(ApEnMode, TheGraphSourceParsesWithTheValuesAsNotes) {
+  listing({"SET MC Cycles = 3"});
   const std::string source = Scratch::read(f.session->files().graph_path());
   const graphics::ParsedPlot plot = graphics::parse_plot(source);
-  EXPECT_TRUE(plot.ok) << plot.message;
-  EXPECT_NE(source.find("PAGE \"Approximate Entropy\""), std::string::npos);
+  ASSERT_TRUE(plot.ok) << plot.message;
+  EXPECT_EQ(plot.plot.title, "Approximate Entropy");
+  EXPECT_EQ(plot.plot.notes, (Lines{"ApEn(1) = -0.22314   P for Random = 1.0000",
+                                    "ApEn(2) = -0.28768   P for Random = 1.0000"}));
 }
 
 TEST(ApEnReplay, TheHistoryReproducesTheListingByteForByte) {

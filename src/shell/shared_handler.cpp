@@ -46,7 +46,21 @@ void run_file(std::string_view command, Session& session) {
   }
 }
 
+// One line per data set changed in this run and not written since, which ending the
+// program would lose.
+std::vector<std::string> unsaved_sets(const data::Store& store) {
+  std::vector<std::string> lines;
+  for (int i = 0; i < store.count(); ++i) {
+    if (!store.at(i).modified) continue;
+    lines.push_back("Data set " + std::to_string(i + 1) + " (" + store.at(i).file_name +
+                    ") is modified and has not been written (WRITE_NATIVE).");
+  }
+  return lines;
+}
+
 void exit_program(std::string_view command, Session& session) {
+  const std::vector<std::string> unsaved = unsaved_sets(session.store());
+  if (!unsaved.empty()) session.inform("Terminate the Program", unsaved);
   if (!session.ask("Terminate the Program", "Are You Sure?", true)) return;
   session.carried_out(core::trim(command), "EXIT");
   session.request_exit();

@@ -62,6 +62,28 @@ TEST(SharedHandler, ExitAnsweredNoChangesNothingAndTheRunGoesOn) {
             "Terminate the Program: Are You Sure? YES (nobody to answer: the batch answer)");
 }
 
+TEST(SharedHandler, ExitWarnsOfModifiedSetsUntilWriteNativeHasKeptThem) {
+  SessionFixture f;
+  Scratch out;
+  f.session->store().append(data_set("lh.dat", "LH", 3));
+  f.session->store().append(data_set("gh.dat", "GH", 3));
+  f.session->store().at(0).modified = true;
+  f.session->store().at(1).modified = true;
+  f.ui.answers = {false, false};
+  // A CSV file keeps only the points: the mark stays.
+  f.run({"SELECT LH", "WRITE_CSV \"" + (out / "lh.csv").string() + "\"", "EXIT",
+         "WRITE_NATIVE \"" + (out / "lh_.dat").string() + "\"", "EXIT"});
+  EXPECT_FALSE(f.session->store().at(0).modified);
+  EXPECT_TRUE(f.session->store().at(1).modified);
+  const std::string gh =
+      "Terminate the Program: Data set 2 (gh.dat) is modified and has not been "
+      "written (WRITE_NATIVE).";
+  EXPECT_EQ(f.ui.shown(), (Lines{"Terminate the Program: Data set 1 (lh.dat) is modified and has "
+                                 "not been written (WRITE_NATIVE).",
+                                 gh, gh}));
+  EXPECT_FALSE(f.session->failed());
+}
+
 TEST(SharedHandler, SelectFindsASetByHandleOrFileNameAndIgnoresAnyOtherName) {
   SessionFixture f;
   auto& store = f.session->store();

@@ -22,10 +22,14 @@ namespace tidemark::shell {
 
 // What a computation may use: the data sets, the dialog's values (one per field, in
 // field order), the mode's temporary files and the run's answers and graph files.
+//
+// A mode may write `values` back: a fit's results as the next starting values, its
+// read-only result fields. The frame then shows the dialog's new values, and they hold
+// until the user sets a field or the mode writes it again.
 struct ModuleContext {
   std::string_view mode_name;
   data::Store& store;
-  const std::vector<ui::FieldValue>& values;
+  std::vector<ui::FieldValue>& values;
   const std::filesystem::path& listing;  // temp/LIST_<id>.lst
   const std::filesystem::path& fix;      // temp/FIX_<id>.fix
   const std::filesystem::path& answers;  // the run's BST_<id>.BST

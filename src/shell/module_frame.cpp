@@ -122,11 +122,19 @@ class Frame {
     } else {
       // A command of the mode's own goes to the history like the buttons' commands, so
       // that a replay takes the same steps.
+      const std::vector<ui::FieldValue> before = values_;
       ModuleContext c = context();
-      if (!module_->handle(command, c)) return false;
+      const bool handled = module_->handle(command, c);
+      show_written_fields(before);
+      if (!handled) return false;
       session_.carried_out(core::trim(command), {});
     }
     return true;
+  }
+
+  // Shows the dialog again when the mode wrote fields back.
+  void show_written_fields(const std::vector<ui::FieldValue>& before) {
+    if (values_ != before) session_.ui().update_dialog(module_->dialog(), values_);
   }
 
   void set_field(std::string_view command) {
@@ -153,8 +161,10 @@ class Frame {
   // set (the conditioner's inserted points) or written a listing, and a replay must take
   // the same step.
   void calculate(std::string_view command) {
+    const std::vector<ui::FieldValue> before = values_;
     ModuleContext c = context();
     const Outcome outcome = module_->calculate(c);
+    show_written_fields(before);
     session_.carried_out(core::trim(command), core::to_upper(core::trim(command)));
     if (!outcome.ok) session_.error(error_title(), outcome.messages);
   }

@@ -17,8 +17,10 @@
 //   COPY_LST "file", SAVE_AS_LST   a copy of the listing
 //   any other command the mode's driver knows
 //
-// A command nobody consumes is answered "COMMAND IGNORED!". The frame returns when the
-// mode changes, the data set store is emptied, or the program is to end.
+// When a command of the mode writes dialog fields back (starting values, result fields),
+// the dialog is shown again with them. A command nobody consumes is answered "COMMAND
+// IGNORED!". The frame returns when the mode changes, the data set store is emptied, or
+// the program is to end.
 #include "shell/session.h"
 
 namespace tidemark::shell {

@@ -43,6 +43,7 @@ std::string assign_field(const ui::Dialog& dialog, const Assignment& assignment,
   if (!index)
     return "The dialog \"" + dialog.title + "\" has no field \"" + assignment.label + "\"";
   const ui::Field& field = dialog.fields[*index];
+  if (field.read_only) return "The field \"" + field.label + "\" shows a result and cannot be set";
   const auto value = ui::parse_field_value(field, assignment.value);
   if (!value) {
     return "\"" + assignment.value + "\" is not a valid value for the field \"" + field.label +
@@ -66,8 +67,8 @@ std::optional<std::vector<ui::FieldValue>> read_settings(const std::filesystem::
     if (!assignment || !assign_field(dialog, *assignment, values).empty()) return std::nullopt;
     seen[*dialog.find(assignment->label)] = true;
   }
-  for (bool s : seen) {
-    if (!s) return std::nullopt;
+  for (std::size_t i = 0; i < seen.size(); ++i) {
+    if (!seen[i] && !dialog.fields[i].read_only) return std::nullopt;
   }
   return values;
 }
@@ -76,6 +77,7 @@ std::string settings_text(const ui::Dialog& dialog, const std::vector<ui::FieldV
   std::string text;
   for (std::size_t i = 0; i < dialog.fields.size(); ++i) {
     const ui::Field& field = dialog.fields[i];
+    if (field.read_only) continue;
     text += field.label + " = ";
     text += field.kind == ui::FieldKind::kReal ? core::format_g15_5(std::get<double>(values[i]))
                                                : ui::format_field_value(field, values[i]);

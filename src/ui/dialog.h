@@ -28,6 +28,9 @@ struct Field {
   std::string default_value;         // in the text form parse_field_value reads
   std::string grid;                  // the group of fields the field is shown in
   std::vector<std::string> choices;  // kMenu only
+  // A result the mode writes into the dialog (a fit's variance, a probability table):
+  // shown, never set by the user, not kept in the settings file.
+  bool read_only = false;
 };
 
 struct Dialog {

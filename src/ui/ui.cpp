@@ -31,6 +31,8 @@ std::optional<std::size_t> Ui::choose_item(std::string_view, std::string_view,
 
 void Ui::show_dialog(const Dialog&, const std::vector<FieldValue>&) {}
 
+void Ui::update_dialog(const Dialog&, const std::vector<FieldValue>&) {}
+
 void Ui::close_dialog() {}
 
 bool Ui::edit_dialog(const Dialog&, std::vector<FieldValue>&) {

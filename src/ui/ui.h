@@ -57,6 +57,9 @@ class Ui {
   // Shows a mode's dialog with the values it holds now (the modeless dialog of the
   // module frame: its buttons and edits come back as commands through next_command).
   virtual void show_dialog(const Dialog& dialog, const std::vector<FieldValue>& values);
+  // Shows the values of the dialog shown, after the mode wrote some of them (fitted
+  // values as the next starting values, its result fields).
+  virtual void update_dialog(const Dialog& dialog, const std::vector<FieldValue>& values);
   virtual void close_dialog();
 
   // A modal dialog: lets the user edit `values` (one per field of `dialog`) and answers

@@ -16,7 +16,9 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 // A small mode for the tests: its listing holds the dialog's values and the number of
-// points of the current data set, and with "Random Draw" on, one uniform deviate.
+// points of the current data set, and with "Random Draw" on, one uniform deviate. Like a
+// fit that starts the next time from its result, it writes twice its Scale back into the
+// dialog, and the number of points into its result field.
 class EchoModule : public Module {
  public:
   const ui::Dialog& dialog() const override { return dialog_; }
@@ -28,6 +30,8 @@ class EchoModule : public Module {
                              << "\nCycles = " << std::get<int>(c.values[1])
                              << "\nPoints = " << c.store.current().size() << "\n";
     if (std::get<bool>(c.values[2])) std::ofstream(c.listing, std::ios::app) << c.random.uniform();
+    c.values[0] = 2 * std::get<double>(c.values[0]);
+    c.values[3] = "Points = " + std::to_string(c.store.current().size());
     results_ = true;
     return Outcome::success();
   }
@@ -38,7 +42,8 @@ class EchoModule : public Module {
   ui::Dialog dialog_{"ECHO TEST",
                      {{"Scale", ui::FieldKind::kReal, "2.0", "Parameters", {}},
                       {"Cycles", ui::FieldKind::kInteger, "10", "Parameters", {}},
-                      {"Random Draw", ui::FieldKind::kCheck, "OFF", "Parameters", {}}}};
+                      {"Random Draw", ui::FieldKind::kCheck, "OFF", "Parameters", {}},
+                      {"Result", ui::FieldKind::kText, "", "Results", {}, true}}};
   bool results_ = false;
   bool stored_ = false;
 };
@@ -117,6 +122,24 @@ TEST_F(ModuleFrame, SharedCommandsComeFirstAndUnknownOnesAreIgnored) {
   f.run({"MODE Cluster8", "SEED 42", "CLUSTER_NONSENSE", "ECHO_CALCULATE"});
   EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: CLUSTER_NONSENSE"}));
   EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SEED 42", "ECHO_CALCULATE"}));
+}
+
+TEST_F(ModuleFrame, FieldsAModeWritesBackAreShownAndHoldUntilTheUserSetsThem) {
+  Scratch out;
+  const auto copy = [&](const char* name) { return "COPY_LST \"" + (out / name).string() + "\""; };
+  f.run({"MODE Cluster8", "SET Result = 3", "ECHO_CALCULATE", copy("1.lst"), "ECHO_CALCULATE",
+         copy("2.lst"), "SET Scale = 5", "ECHO_CALCULATE", copy("3.lst")});
+  // Scale 2 (the default), then 4 written back by the first calculation, then 5 as set;
+  // as gfortran writes them with (1PG15.5).
+  EXPECT_EQ(Scratch::read(out / "1.lst").substr(0, 24), "Scale =      2.0000    \n");
+  EXPECT_EQ(Scratch::read(out / "2.lst").substr(0, 24), "Scale =      4.0000    \n");
+  EXPECT_EQ(Scratch::read(out / "3.lst").substr(0, 24), "Scale =      5.0000    \n");
+  EXPECT_EQ(f.ui.dialog_updates, 3);
+  ASSERT_EQ(f.ui.dialog_values.size(), 4u);
+  EXPECT_EQ(std::get<double>(f.ui.dialog_values[0]), 10.0);
+  EXPECT_EQ(std::get<std::string>(f.ui.dialog_values[3]), "Points = 5");
+  EXPECT_EQ(f.ui.shown(), (Lines{"Error Reported by Cluster8: The field \"Result\" shows a "
+                                 "result and cannot be set"}));
 }
 
 TEST_F(ModuleFrame, ListingAndFixFileNamesGoToTheKillList) {

@@ -21,6 +21,8 @@ class ScriptedUi : public ui::RecordingUi {
   std::deque<bool> answers;  // answers to questions; none left means nobody answers
   std::vector<std::string> texts;
   std::vector<std::string> dialogs;
+  std::vector<ui::FieldValue> dialog_values;  // as the dialog shows them now
+  int dialog_updates = 0;                     // times a mode's written fields were shown
   int hints = 0;
   std::optional<std::size_t> item_choice;  // the answer to choose_item
   std::vector<std::string> list_items;     // the items it was offered
@@ -45,8 +47,13 @@ class ScriptedUi : public ui::RecordingUi {
     return item_choice;
   }
   void show_text(std::string_view, std::string_view text) override { texts.emplace_back(text); }
-  void show_dialog(const ui::Dialog& d, const std::vector<ui::FieldValue>&) override {
+  void show_dialog(const ui::Dialog& d, const std::vector<ui::FieldValue>& values) override {
     dialogs.push_back(d.title);
+    dialog_values = values;
+  }
+  void update_dialog(const ui::Dialog&, const std::vector<ui::FieldValue>& values) override {
+    dialog_values = values;
+    ++dialog_updates;
   }
   void show_hint(std::string_view, const std::vector<std::string>&) override { ++hints; }
 

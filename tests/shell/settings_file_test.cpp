@@ -70,6 +70,25 @@ TEST(SettingsFile, AssignmentsAreRefusedNamingTheFieldAndChangeNothing) {
   EXPECT_EQ(std::get<double>(values[1]), 2.5);
 }
 
+TEST(SettingsFile, AResultFieldIsNeitherKeptInTheFileNorSet) {
+  Scratch dir;
+  ui::Dialog d = cluster_like();
+  d.fields.push_back({"Variance", FieldKind::kText, "", "Results", {}, true});
+  auto values = ui::default_values(d);
+  values[1] = 2.5;
+  values[5] = std::string(" Variance = 3.0");
+  const std::string text = settings_text(d, values);
+  EXPECT_EQ(text.find("Variance"), std::string::npos) << text;
+  // The file without the result reads back, the result at its default.
+  dir.write("do_test.ini", text);
+  auto expected = values;
+  expected[5] = std::string();
+  EXPECT_EQ(read_settings(dir / "do_test.ini", d), expected);
+  EXPECT_EQ(assign_field(d, {"variance", "1"}, values),
+            "The field \"Variance\" shows a result and cannot be set");
+  EXPECT_EQ(std::get<std::string>(values[5]), " Variance = 3.0");
+}
+
 TEST(SettingsFile, AnAssignmentSplitsAtItsFirstEqualsSign) {
   const auto a = split_assignment(" Title = a = b ");
   ASSERT_TRUE(a);

@@ -15,6 +15,7 @@
 #include "stats/cosine_start.h"
 #include "stats/modes/cosine_graph.h"
 #include "stats/modes/cosine_listing.h"
+#include "stats/modes/cosine_series_edits.h"
 
 namespace tidemark::stats {
 
@@ -24,6 +25,10 @@ using shell::ModuleContext;
 using shell::Outcome;
 
 constexpr std::string_view kErrorTitle = "Error Reported by Cosine";
+// The dialog's fields: the five starting values, the five fit flags, the two results.
+constexpr int kFirstFlag = kCosineParameters;
+constexpr int kVarianceField = 2 * kCosineParameters;
+constexpr int kRemainingField = kVarianceField + 1;
 // The results kept: the five fitted values and the percentage remaining.
 using CosineResults = std::array<float, kCosineParameters + 1>;
 
@@ -39,6 +44,10 @@ void usable_points(const data::DataSet& set, std::vector<double>& t, std::vector
   }
 }
 
+double& starting_value(ModuleContext& c, int j) {
+  return std::get<double>(c.values[j]);
+}
+
 class CosineModule : public shell::Module {
  public:
   const ui::Dialog& dialog() const override { return cosine_dialog(); }
@@ -47,19 +56,25 @@ class CosineModule : public shell::Module {
 
   Outcome calculate(ModuleContext& c) override {
     if (auto problem = prepare(c)) return Outcome::error({*problem});
-    const CosineFlags flags = read_grid(c);
-    const CosineFit fit = fit_cosine(t_, y_, grid_, flags, start_.reference_variance);
+    const CosineFlags flags = read_flags(c);
+    const CosineValues start = read_grid(c, flags);
+    const CosineFit fit = fit_cosine(t_, y_, start, flags, start_.reference_variance);
     const data::DataSet& set = c.store.current();
     write_graph(c, fit.values, fit.engine.code == Lsfit2Code::kOk);
     if (fit.engine.code != Lsfit2Code::kOk) {
+      const std::string error = lsfit2_error_line(fit.engine.code);
       core::replace_file(c.listing, cosine_error_listing(set.file_name, fit.engine));
-      c.log.log(lsfit2_error_line(fit.engine.code));
-      return Outcome::error({lsfit2_error_line(fit.engine.code), fit.engine.message});
+      c.log.log(error);
+      show_results(c, error, "");
+      return Outcome::error({error, fit.engine.message});
     }
     core::replace_file(c.listing, cosine_listing(set.file_name, fit, flags));
-    c.log.log(cosine_variance_line(fit.engine.variance, fit.engine.points));
-    c.log.log(cosine_remaining_line(fit.percent));
-    grid_ = fit.values;
+    const std::string variance = cosine_variance_line(fit.engine.variance, fit.engine.points);
+    const std::string remaining = cosine_remaining_line(fit.percent);
+    c.log.log(variance);
+    c.log.log(remaining);
+    show_results(c, variance, remaining);
+    write_grid(c, fit.values);
     CosineResults results{};
     for (int j = 0; j < kCosineParameters; ++j) results[j] = static_cast<float>(fit.values[j]);
     results[kCosineParameters] = static_cast<float>(fit.percent);
@@ -76,7 +91,8 @@ class CosineModule : public shell::Module {
     } else if (shell::command_is(command, "COSINE_RESET")) {
       reset(c);
     } else if (shell::command_is(command, "COSINE_STORE")) {
-      store(c);
+      const std::string name = CosineSeriesEdits::store_copy(c.store);
+      c.log.log(fmt::format("COSINE_STORE: stored as data set {} ({})", c.store.count(), name));
     } else {
       return false;
     }
@@ -84,9 +100,10 @@ class CosineModule : public shell::Module {
   }
 
  private:
-  // Conditions the current data set and takes its usable points; on a data set not
-  // seen before, runs the reference fit and the period scan and takes their defaults
-  // as the starting values. The problem, when there is one.
+  // Conditions the current data set and takes its usable points. On a data set not
+  // seen before it runs the reference fit and the period scan, and puts their defaults
+  // into the starting values the user has not set since the mode last wrote them. The
+  // problem, when there is one.
   std::optional<std::string> prepare(ModuleContext& c) {
     const data::ConditionResult conditioned =
         data::condition(c.store.current(), false, c.ui, c.log);
@@ -99,25 +116,46 @@ class CosineModule : public shell::Module {
         return lsfit2_error_line(start_.reference.code) + ": " + start_.reference.message;
       }
       set_index_ = c.store.current_index();
-      grid_ = start_.defaults;
-      seen_.fill(core::kUnset);
+      CosineValues values{};
+      for (int j = 0; j < kCosineParameters; ++j) {
+        const double field = starting_value(c, j);
+        const bool carried = core::is_unset(field) || field == written_[j];
+        values[j] = carried ? start_.defaults[j] : field;
+      }
+      write_grid(c, values);
     }
     return std::nullopt;
   }
 
-  // Takes the grid's starting values (a value given since the last reading replaces
-  // the carried one) and returns the fit flags; each row is logged as it is read.
-  CosineFlags read_grid(ModuleContext& c) {
-    CosineFlags flags{};
+  // The grid's starting values, each logged as it is read with its fit flag; an unset
+  // value is the data set's default.
+  CosineValues read_grid(ModuleContext& c, const CosineFlags& flags) {
+    CosineValues values{};
     for (int j = 0; j < kCosineParameters; ++j) {
-      const double given = std::get<double>(c.values[j]);
-      if (!core::is_unset(given) && given != seen_[j]) grid_[j] = given;
-      seen_[j] = given;
-      flags[j] = std::get<bool>(c.values[kCosineParameters + j]);
-      c.log.log(fmt::format("COSINE: {}{} Fit = {}", kCosineNames[j], core::format_g15_5(grid_[j]),
+      const double field = starting_value(c, j);
+      values[j] = core::is_unset(field) ? start_.defaults[j] : field;
+      c.log.log(fmt::format("COSINE: {}{} Fit = {}", kCosineNames[j], core::format_g15_5(values[j]),
                             flags[j] ? 1 : 0));
     }
+    return values;
+  }
+
+  static CosineFlags read_flags(const ModuleContext& c) {
+    CosineFlags flags{};
+    for (int j = 0; j < kCosineParameters; ++j) flags[j] = std::get<bool>(c.values[kFirstFlag + j]);
     return flags;
+  }
+
+  // Puts `values` into the grid's starting values.
+  void write_grid(ModuleContext& c, const CosineValues& values) {
+    for (int j = 0; j < kCosineParameters; ++j) starting_value(c, j) = values[j];
+    written_ = values;
+  }
+
+  static void show_results(ModuleContext& c, const std::string& variance,
+                           const std::string& remaining) {
+    c.values[kVarianceField] = variance;
+    c.values[kRemainingField] = remaining;
   }
 
   void write_graph(ModuleContext& c, const CosineValues& values, bool fitted) {
@@ -129,46 +167,26 @@ class CosineModule : public shell::Module {
 
   void subtract(ModuleContext& c) {
     if (auto problem = prepare(c)) return ui::report(c.ui, c.log, kErrorTitle, {*problem});
-    read_grid(c);
-    data::DataSet& set = c.store.current();
-    if (original_index_ != set_index_) {
-      original_y_ = set.y();
-      original_index_ = set_index_;
-    }
-    subtract_cosine(grid_, set.x(), set.y());
-    c.log.log("COSINE_SUBTRACT: the data set " + set.file_name + " is modified");
+    edits_.subtract(c.store, set_index_, read_grid(c, read_flags(c)));
+    if (c.store.current().modified)
+      c.log.log("COSINE_SUBTRACT: the data set " + c.store.current().file_name + " is modified");
   }
 
   void reset(ModuleContext& c) {
-    data::DataSet& set = c.store.current();
-    if (original_index_ != c.store.current_index() || original_y_.size() != set.y().size()) {
+    if (!edits_.reset(c.store, c.store.current_index())) {
       return ui::report(c.ui, c.log, kErrorTitle, {"There is no subtracted series to reset."});
     }
-    set.y() = original_y_;
-    c.log.log("COSINE_RESET: the concentrations of " + set.file_name + " are restored");
-  }
-
-  // Appends a copy of the current (subtracted) series to the store, named with "_cos"
-  // before the extension and handle + "_cos"; the current data set stays current.
-  void store(ModuleContext& c) {
-    const int current = c.store.current_index();
-    data::DataSet copy = c.store.current();
-    const auto dot = copy.file_name.rfind('.');
-    copy.file_name.insert(dot == std::string::npos ? copy.file_name.size() : dot, "_cos");
-    copy.handle += "_cos";
-    const std::string name = copy.file_name;
-    c.store.append(std::move(copy));
-    c.store.select(current);
-    c.log.log(fmt::format("COSINE_STORE: stored as data set {} ({})", c.store.count(), name));
+    c.log.log("COSINE_RESET: the concentrations of " + c.store.current().file_name +
+              " are restored");
   }
 
   int set_index_ = -1;
   CosineStart start_;
   std::vector<double> t_, y_;
-  CosineValues grid_{};
-  CosineValues seen_{};
-  int original_index_ = -1;
-  std::vector<float> original_y_;
+  // The starting values the mode last wrote into the grid; a field that differs from
+  // its entry was set by the user since.
+  CosineValues written_ = {core::kUnset, core::kUnset, core::kUnset, core::kUnset, core::kUnset};
+  CosineSeriesEdits edits_;
   shell::KeptResults<CosineResults> results_;
 };
 
@@ -188,7 +206,9 @@ const ui::Dialog& cosine_dialog() {
                                   {"Fit Amplitude", FieldKind::kCheck, "ON", "Fit", {}},
                                   {"Fit Phase", FieldKind::kCheck, "ON", "Fit", {}},
                                   {"Fit Mean", FieldKind::kCheck, "ON", "Fit", {}},
-                                  {"Fit Slope", FieldKind::kCheck, "OFF", "Fit", {}}}};
+                                  {"Fit Slope", FieldKind::kCheck, "OFF", "Fit", {}},
+                                  {"Variance", FieldKind::kText, "", "Results", {}, true},
+                                  {"Remaining", FieldKind::kText, "", "Results", {}, true}}};
   return dialog;
 }
 

@@ -70,6 +70,35 @@ TEST_F(CosineMode, TheNextCalculateStartsFromTheLastFit) {
   EXPECT_TRUE(logged("COSINE: Period         240.00     Fit = 0"));
 }
 
+TEST_F(CosineMode, TheResultFieldsShowTheListingsVarianceLinesAndTheGridTheFit) {
+  const std::string text = listing_after({"MODE Cosine", "SET Period = 240", "COSINE_CALCULATE"});
+  const auto& shown = f.ui.dialog_values;
+  ASSERT_EQ(shown.size(), cosine_dialog().fields.size());
+  const auto variance = std::get<std::string>(shown[*cosine_dialog().find("Variance")]);
+  const auto remaining = std::get<std::string>(shown[*cosine_dialog().find("Remaining")]);
+  EXPECT_EQ(variance.rfind(" Variance = ", 0), 0u) << variance;
+  EXPECT_NE(text.find("\n" + variance + "\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n" + remaining + "\n"), std::string::npos) << text;
+  // The series' own amplitude 3, phase 50 and mean 10 (its closed form) are the next
+  // starting values.
+  for (const auto& [label, value] : {std::pair{"Amplitude", 3.0}, {"Phase", 50.0}, {"Mean", 10.0}})
+    EXPECT_NEAR(std::get<double>(shown[*cosine_dialog().find(label)]), value, 1e-4) << label;
+}
+
+TEST_F(CosineMode, OnANewDataSetTheDefaultsReplaceTheCarriedValuesButNotASetOne) {
+  f.session->store().append(testing_support::data_set("gh.dat", "GH", 5));
+  f.run({"SELECT LH", "MODE Cosine", "SET Period = 240", "COSINE_CALCULATE", "SET Slope = 0.5",
+         "SELECT GH", "COSINE_CALCULATE"});
+  // gh.dat holds y = 1 .. 5 at t = 0 .. 40 (by hand): span 40, mean 3, the standard
+  // deviation about the mean sqrt(2) = 1.4142, phase 0; the slope keeps its set value.
+  // Numbers as gfortran writes them with (1PG15.5).
+  for (const char* line :
+       {"COSINE: Period         40.000     Fit = 0", "COSINE: Amplitude      1.4142     Fit = 1",
+        "COSINE: Phase          0.0000     Fit = 1", "COSINE: Mean           3.0000     Fit = 1",
+        "COSINE: Slope         0.50000     Fit = 0"})
+    EXPECT_TRUE(logged(line)) << line;
+}
+
 TEST_F(CosineMode, ANonPositivePeriodReportsTheEngineCode) {
   const std::string text = listing_after({"MODE Cosine", "SET Period = 0", "COSINE_CALCULATE"});
   EXPECT_TRUE(f.session->failed());
@@ -77,6 +106,8 @@ TEST_F(CosineMode, ANonPositivePeriodReportsTheEngineCode) {
   ASSERT_FALSE(shown.empty());
   EXPECT_EQ(shown[0], "Error Reported by Cosine:  LSFIT2 return error code = 1");
   EXPECT_NE(text.find(" LSFIT2 return error code = 1\n"), std::string::npos);
+  EXPECT_EQ(std::get<std::string>(f.ui.dialog_values[*cosine_dialog().find("Variance")]),
+            " LSFIT2 return error code = 1");
 }
 
 TEST_F(CosineMode, SubtractResetAndStoreActOnTheConcentrations) {
@@ -95,6 +126,28 @@ TEST_F(CosineMode, SubtractResetAndStoreActOnTheConcentrations) {
   // The fitted curve is the series itself, stored in single precision.
   for (const float y : store.at(2).y()) EXPECT_NEAR(y, 0, 1e-4);
   EXPECT_EQ(store.current().y(), original);
+  // The stored copies are in no file yet; the reset set was changed twice since read.
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(store.at(i).modified) << i;
+}
+
+TEST_F(CosineMode, OnlyAChangeOfTheConcentrationsMarksTheSetModified) {
+  const struct {
+    std::vector<std::string> commands;
+    bool modified;
+  } cases[] = {
+      {{"SET Period = 0", "COSINE_SUBTRACT"}, false},  // the model counts as 0
+      {{"SET Period = 240", "COSINE_SUBTRACT"}, true},
+      {{"COSINE_RESET"}, false},  // nothing to reset
+      {{"SET Period = 0", "COSINE_SUBTRACT", "COSINE_RESET"}, false},
+  };
+  for (const auto& c : cases) {
+    SessionFixture run(cosine_modes());
+    run.session->store().append(cosinor_set());
+    std::vector<std::string> commands = {"MODE Cosine"};
+    commands.insert(commands.end(), c.commands.begin(), c.commands.end());
+    run.run(commands);
+    EXPECT_EQ(run.session->store().at(0).modified, c.modified) << c.commands.back();
+  }
 }
 
 }  // namespace

@@ -1,0 +1,102 @@
+// The Cosine mode run by the real headless program on a command file: fit, subtract,
+// store the residual series, fit it, keep and recall results, reset, write the stored
+// copy; then the run's history replayed in a fresh folder writes the same listings,
+// data file and graph byte for byte.
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "shell/program_runner.h"
+#include "shell/scratch.h"
+
+namespace tidemark::stats {
+namespace {
+
+namespace fs = std::filesystem;
+using testing_support::Scratch;
+
+// The command history and the graph of the run whose program folder is `home`.
+struct RunFiles {
+  fs::path history, graph;
+  explicit RunFiles(const fs::path& home) {
+    for (const auto& entry : fs::directory_iterator(home / "temp")) {
+      const std::string name = entry.path().filename().string();
+      if (name.starts_with("CMD_")) history = entry.path();
+      if (name.starts_with("GRF_")) graph = entry.path();
+    }
+  }
+};
+
+// 48 samples every 10 minutes of 10 + 3 cos(2 pi (t - 50) / 240) plus a second rhythm
+// of period 120 and amplitude 1, which the fit of the first leaves in the residuals.
+std::string two_rhythms() {
+  std::string text = "!FILENAME = lh.dat\n!HANDLE = LH\n";
+  for (int i = 0; i < 48; ++i) {
+    const double t = 10.0 * i;
+    const double y =
+        10 + 3 * std::cos((t - 50) * 6.283185307 / 240) + std::cos((t - 20) * 6.283185307 / 120);
+    text += fmt::format("{:8.1f} {:10.5f} 0.5 2\n", t, y);
+  }
+  return text;
+}
+
+const char* const kRun =
+    "READ_NATIVE \"lh.dat\"\n"
+    "MODE Cosine\n"
+    "SET Period = 240\n"
+    "COSINE_CALCULATE\n"
+    "COPY_LST \"fit.lst\"\n"
+    "COSINE_SUBTRACT\n"
+    "COSINE_STORE\n"
+    "SELECT LH_cos\n"
+    "SET Period = 120\n"
+    "COSINE_CALCULATE\n"
+    "COPY_LST \"residual.lst\"\n"
+    "STORE_RESULTS\n"
+    "WRITE_NATIVE \"residual.dat\"\n"
+    "SELECT LH\n"
+    "COSINE_RESET\n"
+    "RECALL_RESULTS\n"
+    "COSINE_VIEW\n"
+    "EXIT\n";
+
+TEST(CosineRun, FromACommandFileAndItsHistoryReplaysToTheSameFiles) {
+  if (!fs::exists(testing_support::tidemark_binary())) GTEST_SKIP() << "build tidemark first";
+  Scratch dir;
+  for (const char* folder : {"first", "second"})
+    dir.write(std::string(folder) + "/lh.dat", two_rhythms());
+  const auto script = dir.write("run.cmd", kRun);
+  const auto r =
+      testing_support::run_tidemark(dir / "home1", dir / "first", {"-@", script.string()}, "");
+  ASSERT_EQ(r.status, 0) << r.err;
+  const std::string fit = Scratch::read(dir / "first" / "fit.lst");
+  const std::string residual = Scratch::read(dir / "first" / "residual.lst");
+  // The first fit finds amplitude 3 and phase 50 under the second rhythm; the fit of
+  // the residual series the second rhythm, amplitude 1 and phase 20 (the closed forms
+  // above; 48 samples span whole periods of both, so the rhythms are orthogonal). As
+  // gfortran writes them with (1PG15.5).
+  EXPECT_NE(fit.find("\nAmplitude      3.0000    "), std::string::npos) << fit;
+  EXPECT_NE(fit.find("\nPhase          50.000    "), std::string::npos) << fit;
+  EXPECT_NE(residual.find("Cosine Analysis of lh_cos.dat\n"), std::string::npos) << residual;
+  EXPECT_NE(residual.find("\nAmplitude      1.0000    "), std::string::npos) << residual;
+  EXPECT_NE(residual.find("\nPhase          20.000    "), std::string::npos) << residual;
+  // The reset set was changed and not written; the stored copy was written.
+  EXPECT_NE(r.err.find("Data set 1 (lh.dat) is modified"), std::string::npos) << r.err;
+  EXPECT_EQ(r.err.find("Data set 2"), std::string::npos) << r.err;
+  const std::string data = Scratch::read(dir / "first" / "residual.dat");
+  const RunFiles first(dir / "home1");
+  const std::string graph = Scratch::read(first.graph);
+
+  const auto replay = testing_support::run_tidemark(dir / "home2", dir / "second",
+                                                    {"-@", first.history.string()}, "");
+  ASSERT_EQ(replay.status, 0) << replay.err;
+  EXPECT_EQ(Scratch::read(dir / "second" / "fit.lst"), fit);
+  EXPECT_EQ(Scratch::read(dir / "second" / "residual.lst"), residual);
+  EXPECT_EQ(Scratch::read(dir / "second" / "residual.dat"), data);
+  EXPECT_EQ(Scratch::read(RunFiles(dir / "home2").graph), graph);
+  EXPECT_EQ(replay.out, r.out);  // the listing COSINE_VIEW showed
+}
+
+}  // namespace
+}  // namespace tidemark::stats

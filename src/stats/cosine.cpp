@@ -1,5 +1,6 @@
 #include "stats/cosine.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -14,6 +15,24 @@ double cosine_model(std::span<const double> p, double t, bool& failed) {
   }
   return p[kAmplitude] * std::cos((t - p[kPhase]) * kCosineTwoPi / p[kPeriod]) + p[kMean] +
          p[kSlope] * t;
+}
+
+double cosine_gradient(std::span<const double> p, double t, std::span<double> gradient,
+                       bool& failed) {
+  std::fill(gradient.begin(), gradient.end(), 0.0);
+  if (p[kPeriod] <= 0) {
+    failed = true;
+    return 0;
+  }
+  const double theta = (t - p[kPhase]) * kCosineTwoPi / p[kPeriod];
+  const double sine = std::sin(theta);
+  const double cosine = std::cos(theta);
+  gradient[kPeriod] = p[kAmplitude] * sine * theta / p[kPeriod];
+  gradient[kAmplitude] = cosine;
+  gradient[kPhase] = p[kAmplitude] * sine * kCosineTwoPi / p[kPeriod];
+  gradient[kMean] = 1;
+  gradient[kSlope] = t;
+  return p[kAmplitude] * cosine + p[kMean] + p[kSlope] * t;
 }
 
 double cosine_value(const CosineValues& values, double t) {
@@ -46,7 +65,7 @@ double percent_remaining(double variance, double reference_variance) {
 CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
                      const CosineValues& start, const CosineFlags& flags,
                      double reference_variance) {
-  Lsfit2Problem problem{cosine_model, t, y, {}};
+  Lsfit2Problem problem{cosine_model, t, y, {}, {}, cosine_gradient};
   for (int j = 0; j < kCosineParameters; ++j) {
     problem.parameters.push_back({std::string(kCosineNames[j]), start[j], flags[j]});
   }

@@ -36,6 +36,16 @@ inline constexpr CosineFlags kDefaultCosineFlags = {false, true, true, true, fal
 // is raised.
 double cosine_model(std::span<const double> p, double t, bool& failed);
 
+// The model at t, as cosine_model, with its derivatives in the five parameters from its
+// closed form: with theta = (t - Phase) * 6.283185307 / Period,
+//   dY/dPeriod    = Amplitude * sin(theta) * theta / Period
+//   dY/dAmplitude = cos(theta)
+//   dY/dPhase     = Amplitude * sin(theta) * 6.283185307 / Period
+//   dY/dMean      = 1,  dY/dSlope = t.
+// When Period <= 0 the model and its derivatives are 0 and `failed` is raised.
+double cosine_gradient(std::span<const double> p, double t, std::span<double> gradient,
+                       bool& failed);
+
 // The model of `values` at t, 0 when Period <= 0.
 double cosine_value(const CosineValues& values, double t);
 

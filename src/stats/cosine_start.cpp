@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <thread>
 
 #include "core/missing.h"
 
@@ -17,7 +18,7 @@ constexpr std::size_t kFirstScanPoint = 3;
 
 }  // namespace
 
-CosineStart start_cosine(std::span<const double> t, std::span<const double> y) {
+CosineStart start_cosine(std::span<const double> t, std::span<const double> y, int threads) {
   const std::size_t n = t.size();
   CosineStart start;
   start.scan_period.assign(n, core::kMissing);
@@ -32,15 +33,29 @@ CosineStart start_cosine(std::span<const double> t, std::span<const double> y) {
   for (const double value : y) squares += (value - mean) * (value - mean);
   start.defaults = {span, std::sqrt(std::abs(squares / static_cast<double>(n))), 0, mean, 0};
 
-  for (std::size_t k = kFirstScanPoint; k < n; ++k) {
-    CosineValues trial = start.defaults;
-    trial[kPeriod] = t[k];
-    const CosineFit fit = fit_cosine(t, y, trial, kScanFlags, start.reference_variance);
-    if (fit.engine.code != Lsfit2Code::kOk) continue;
-    start.scan_period[k] = t[k];
-    start.scan_percent[k] = std::min(fit.percent, 100.0);
-  }
+  // The trial fits are independent, each writing its own row: shared among the threads
+  // in interleaved rows, they fill the same table whatever the number of threads.
+  const auto scan_rows = [&](std::size_t first, std::size_t stride) {
+    for (std::size_t k = first; k < n; k += stride) {
+      CosineValues trial = start.defaults;
+      trial[kPeriod] = t[k];
+      const CosineFit fit = fit_cosine(t, y, trial, kScanFlags, start.reference_variance);
+      if (fit.engine.code != Lsfit2Code::kOk) continue;
+      start.scan_period[k] = t[k];
+      start.scan_percent[k] = std::min(fit.percent, 100.0);
+    }
+  };
+  const auto workers = static_cast<std::size_t>(std::max(1, threads));
+  std::vector<std::thread> pool;
+  for (std::size_t w = 1; w < workers; ++w)
+    pool.emplace_back(scan_rows, kFirstScanPoint + w, workers);
+  scan_rows(kFirstScanPoint, workers);
+  for (std::thread& thread : pool) thread.join();
   return start;
+}
+
+int scan_threads() {
+  return static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
 }
 
 }  // namespace tidemark::stats

@@ -25,7 +25,13 @@ struct CosineStart {
   std::vector<double> scan_percent;
 };
 
-// Runs the reference fit and the period scan on the points (t, y), t ascending.
-CosineStart start_cosine(std::span<const double> t, std::span<const double> y);
+// The number of threads the period scan uses by default: one per core.
+int scan_threads();
+
+// Runs the reference fit and the period scan on the points (t, y), t ascending. The
+// trial fits of the scan are shared among `threads` threads; the table does not depend
+// on their number.
+CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
+                         int threads = scan_threads());
 
 }  // namespace tidemark::stats

@@ -23,9 +23,12 @@ constexpr double kLambdaLimit = 1e16;
 // the normal equations singular.
 constexpr double kRankThreshold = 1e-10;
 
+// The model, its Jacobian and the work arrays they need, allocated once per fit: the
+// period scan of the Cosine mode runs a thousand fits in a row.
 class Fitter {
  public:
-  explicit Fitter(const Lsfit2Problem& problem) : problem_(problem) {
+  explicit Fitter(const Lsfit2Problem& problem)
+      : problem_(problem), gradient_(problem.parameters.size()) {
     for (std::size_t j = 0; j < problem.parameters.size(); ++j) {
       if (problem.parameters[j].fit) free_.push_back(j);
     }
@@ -33,65 +36,91 @@ class Fitter {
 
   int fitted() const { return static_cast<int>(free_.size()); }
   const std::vector<std::size_t>& free() const { return free_; }
+  bool has_gradient() const { return static_cast<bool>(problem_.gradient); }
 
-  // The residuals y - f(p, x) at `p`; false, with `message` set, when the model fails.
-  bool residuals(const std::vector<double>& p, Vector& r, std::string& message) const {
+  // The residuals y - f(p, x) at `p`, and with the model's gradient the Jacobian of f in
+  // the fitted parameters there (`jac` is left alone without one). False, with
+  // `message` set, when the model fails.
+  bool evaluate(std::span<const double> p, Vector& r, Matrix& jac, std::string& message) {
+    if (!has_gradient()) return residuals(p, r, message);
+    const auto n = static_cast<Eigen::Index>(problem_.x.size());
+    r.resize(n);
+    jac.resize(n, fitted());
+    for (Eigen::Index i = 0; i < n; ++i) {
+      const auto point = static_cast<std::size_t>(i);
+      bool failed = false;
+      r[i] = problem_.y[point] - problem_.gradient(p, problem_.x[point], gradient_, failed);
+      if (failed || !std::isfinite(r[i])) return model_failed(point, message);
+      for (int k = 0; k < fitted(); ++k) jac(i, k) = gradient_[free_[k]];
+    }
+    return true;
+  }
+
+  // The Jacobian of f in the fitted parameters at `p` by central differences,
+  // h = step * max(|p|, 1); false, with `message` set, when the model fails.
+  bool difference_jacobian(std::span<const double> p, Matrix& jac, std::string& message) {
+    const auto n = static_cast<Eigen::Index>(problem_.x.size());
+    jac.resize(n, fitted());
+    shifted_.assign(p.begin(), p.end());
+    for (int k = 0; k < fitted(); ++k) {
+      const std::size_t j = free_[k];
+      const double h = problem_.options.derivative_step * std::max(std::abs(p[j]), 1.0);
+      shifted_[j] = p[j] + h;
+      if (!residuals(shifted_, plus_, message)) return false;
+      shifted_[j] = p[j] - h;
+      if (!residuals(shifted_, minus_, message)) return false;
+      shifted_[j] = p[j];
+      jac.col(k) = (minus_ - plus_) / (2 * h);  // residuals fall as f rises
+    }
+    return true;
+  }
+
+  // Scales the columns of `jac` to unit norm, the norms in `scales`; false, with
+  // `message` set, when a column is zero or the scaled columns are dependent.
+  bool scale(Matrix& jac, Vector& scales, std::string& message) {
+    scales = jac.colwise().norm().transpose();
+    for (int k = 0; k < fitted(); ++k) {
+      if (scales[k] == 0 || !std::isfinite(scales[k])) {
+        message = fmt::format("The model does not depend on the parameter {}",
+                              problem_.parameters[free_[k]].name);
+        return false;
+      }
+    }
+    jac.array().rowwise() /= scales.transpose().array();
+    qr_.compute(jac);
+    qr_.setThreshold(kRankThreshold);
+    if (qr_.rank() < fitted()) {
+      message = "The normal equations are singular: the fitted parameters are not independent";
+      return false;
+    }
+    return true;
+  }
+
+ private:
+  bool residuals(std::span<const double> p, Vector& r, std::string& message) const {
     const std::size_t n = problem_.x.size();
     r.resize(static_cast<Eigen::Index>(n));
     for (std::size_t i = 0; i < n; ++i) {
       bool failed = false;
       const double f = problem_.model(p, problem_.x[i], failed);
       r[static_cast<Eigen::Index>(i)] = problem_.y[i] - f;
-      if (failed || !std::isfinite(r[static_cast<Eigen::Index>(i)])) {
-        message = fmt::format("The model could not be evaluated at x = {}", problem_.x[i]);
-        return false;
-      }
+      if (failed || !std::isfinite(r[static_cast<Eigen::Index>(i)]))
+        return model_failed(i, message);
     }
     return true;
   }
 
-  // The Jacobian of f in the fitted parameters by central differences.
-  bool jacobian(const std::vector<double>& p, Matrix& jac, std::string& message) const {
-    const auto n = static_cast<Eigen::Index>(problem_.x.size());
-    jac.resize(n, fitted());
-    std::vector<double> shifted = p;
-    Vector plus, minus;
-    for (int k = 0; k < fitted(); ++k) {
-      const std::size_t j = free_[k];
-      const double h = problem_.options.derivative_step * std::max(std::abs(p[j]), 1.0);
-      shifted[j] = p[j] + h;
-      if (!residuals(shifted, plus, message)) return false;
-      shifted[j] = p[j] - h;
-      if (!residuals(shifted, minus, message)) return false;
-      shifted[j] = p[j];
-      jac.col(k) = (minus - plus) / (2 * h);  // residuals fall as f rises
-    }
-    return true;
+  bool model_failed(std::size_t i, std::string& message) const {
+    message = fmt::format("The model could not be evaluated at x = {}", problem_.x[i]);
+    return false;
   }
 
-  // The column norms of `jac`, for scaling; empty, with `message` set, when a column is
-  // zero or the scaled columns are dependent.
-  Vector column_scales(const Matrix& jac, std::string& message) const {
-    Vector norms = jac.colwise().norm().transpose();
-    for (int k = 0; k < fitted(); ++k) {
-      if (norms[k] == 0 || !std::isfinite(norms[k])) {
-        message = fmt::format("The model does not depend on the parameter {}",
-                              problem_.parameters[free_[k]].name);
-        return {};
-      }
-    }
-    Eigen::ColPivHouseholderQR<Matrix> qr(jac * norms.cwiseInverse().asDiagonal());
-    qr.setThreshold(kRankThreshold);
-    if (qr.rank() < fitted()) {
-      message = "The normal equations are singular: the fitted parameters are not independent";
-      return {};
-    }
-    return norms;
-  }
-
- private:
   const Lsfit2Problem& problem_;
   std::vector<std::size_t> free_;
+  std::vector<double> gradient_;
+  std::vector<double> shifted_;
+  Vector plus_, minus_;
+  Eigen::ColPivHouseholderQR<Matrix> qr_;
 };
 
 Lsfit2Result failure(Lsfit2Result result, Lsfit2Code code, std::string message) {
@@ -100,13 +129,13 @@ Lsfit2Result failure(Lsfit2Result result, Lsfit2Code code, std::string message) 
   return result;
 }
 
-// Fills in the standard errors and intervals from the Jacobian at the final values.
-void add_uncertainties(const Fitter& fitter, const Matrix& jac, const Vector& scales,
+// Fills in the standard errors and intervals from the scaled Jacobian at the final
+// values.
+void add_uncertainties(const Fitter& fitter, const Matrix& scaled, const Vector& scales,
                        Lsfit2Result& result) {
   const int dof = result.points - result.fitted;
   const double s2 = dof > 0 ? result.sum_of_squares / dof : 0.0;
   const double t = dof > 0 ? t_quantile_975(dof) : 0.0;
-  const Matrix scaled = jac * scales.cwiseInverse().asDiagonal();
   const Matrix normal = scaled.transpose() * scaled;
   const Matrix inverse = normal.ldlt().solve(Matrix::Identity(normal.rows(), normal.cols()));
   for (int k = 0; k < fitter.fitted(); ++k) {
@@ -122,7 +151,7 @@ void add_uncertainties(const Fitter& fitter, const Matrix& jac, const Vector& sc
 
 Lsfit2Result lsfit2(const Lsfit2Problem& problem) {
   assert(problem.x.size() == problem.y.size());
-  const Fitter fitter(problem);
+  Fitter fitter(problem);
   const Lsfit2Options& options = problem.options;
   Lsfit2Result result;
   for (const FitParameter& parameter : problem.parameters) result.values.push_back(parameter.value);
@@ -140,43 +169,49 @@ Lsfit2Result lsfit2(const Lsfit2Problem& problem) {
   }
 
   std::vector<double>& p = result.values;
+  std::vector<double> trial = p;
   std::string message;
-  Vector r, trial_r, scales;
-  Matrix jac;
-  if (!fitter.residuals(p, r, message)) return failure(result, Lsfit2Code::kModelFailed, message);
+  Vector r, trial_r, scales, gradient, step;
+  Matrix jac, trial_jac, normal, damped;
+  Eigen::LDLT<Matrix> ldlt(result.fitted);
+  if (!fitter.evaluate(p, r, jac, message))
+    return failure(result, Lsfit2Code::kModelFailed, message);
   double s = r.squaredNorm();
   double lambda = options.initial_lambda;
   bool converged = false;
+  bool fresh_jacobian = fitter.has_gradient();  // jac holds the unscaled Jacobian at p
   while (!converged && result.iterations < options.max_iterations) {
     ++result.iterations;
-    if (!fitter.jacobian(p, jac, message))
+    // With the model's gradient the Jacobian at p came with its residuals.
+    if (!fitter.has_gradient() && !fitter.difference_jacobian(p, jac, message))
       return failure(result, Lsfit2Code::kModelFailed, message);
-    scales = fitter.column_scales(jac, message);
-    if (scales.size() == 0) return failure(result, Lsfit2Code::kSingular, message);
+    if (!fitter.scale(jac, scales, message)) return failure(result, Lsfit2Code::kSingular, message);
+    fresh_jacobian = false;
     // In the scaled parameters the Marquardt damping lambda * diag(J'J) is lambda * I.
-    const Matrix scaled = jac * scales.cwiseInverse().asDiagonal();
-    const Matrix normal = scaled.transpose() * scaled;
-    const Vector gradient = scaled.transpose() * r;
+    normal.noalias() = jac.transpose() * jac;
+    gradient.noalias() = jac.transpose() * r;
     while (true) {
-      const Matrix damped = normal + lambda * Matrix::Identity(normal.rows(), normal.cols());
-      const Vector step = damped.ldlt().solve(gradient).cwiseQuotient(scales);
-      std::vector<double> trial = p;
+      damped = normal;
+      damped.diagonal().array() += lambda;
+      step = ldlt.compute(damped).solve(gradient).cwiseQuotient(scales);
       bool small_step = true;
       for (int k = 0; k < fitter.fitted(); ++k) {
         const std::size_t j = fitter.free()[k];
-        trial[j] += step[k];
+        trial[j] = p[j] + step[k];
         small_step = small_step && std::abs(step[k]) <=
                                        options.relative_tolerance * std::max(std::abs(p[j]), 1.0);
       }
-      if (!fitter.residuals(trial, trial_r, message)) {
+      if (!fitter.evaluate(trial, trial_r, trial_jac, message)) {
         return failure(result, Lsfit2Code::kModelFailed, message);
       }
       const double trial_s = trial_r.squaredNorm();
       if (trial_s <= s) {
         converged = small_step || s - trial_s <= options.relative_tolerance * s ||
                     trial_s <= options.absolute_tolerance;
-        p = std::move(trial);
-        r = trial_r;
+        p = trial;
+        r.swap(trial_r);
+        jac.swap(trial_jac);
+        fresh_jacobian = fitter.has_gradient();
         s = trial_s;
         lambda = std::max(lambda / 10, 1e-12);
         break;
@@ -194,9 +229,13 @@ Lsfit2Result lsfit2(const Lsfit2Problem& problem) {
     return failure(result, Lsfit2Code::kNoConvergence,
                    fmt::format("No convergence in {} iterations", options.max_iterations));
   }
-  if (!fitter.jacobian(p, jac, message)) return failure(result, Lsfit2Code::kModelFailed, message);
-  scales = fitter.column_scales(jac, message);
-  if (scales.size() == 0) return failure(result, Lsfit2Code::kSingular, message);
+  // The Jacobian at the final values, for the standard errors.
+  if (!fresh_jacobian) {
+    const bool evaluated = fitter.has_gradient() ? fitter.evaluate(p, trial_r, jac, message)
+                                                 : fitter.difference_jacobian(p, jac, message);
+    if (!evaluated) return failure(result, Lsfit2Code::kModelFailed, message);
+  }
+  if (!fitter.scale(jac, scales, message)) return failure(result, Lsfit2Code::kSingular, message);
   add_uncertainties(fitter, jac, scales, result);
   return result;
 }

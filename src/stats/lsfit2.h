@@ -6,8 +6,9 @@
 //
 // over the parameters whose fit flag is set, holding the others at their values. Each
 // step solves (J'J + lambda * diag(J'J)) delta = J'r, with J the Jacobian of f in the
-// fitted parameters (central differences) and r the residuals; lambda shrinks tenfold
-// after a step that lowers S and grows tenfold after one that does not.
+// fitted parameters (the model's own derivatives when it gives them, else central
+// differences) and r the residuals; lambda shrinks tenfold after a step that lowers S
+// and grows tenfold after one that does not.
 //
 //   stats::Lsfit2Problem problem{model, x, y, {{"Mean", 0.0, true}}};
 //   const stats::Lsfit2Result fit = stats::lsfit2(problem);
@@ -24,6 +25,15 @@ namespace tidemark::stats {
 // parameters alike, in the caller's order). The model sets `failed` to true when it
 // cannot be evaluated there (the fit then ends with kModelFailed).
 using PointModel = std::function<double(std::span<const double> p, double x, bool& failed)>;
+
+// The model with its derivatives at one point: returns f(p, x) as the PointModel does
+// and writes df/dp_j for every parameter j (fitted and held alike) into `gradient`,
+// which has the length of p. A model that has them in closed form saves the engine the
+// two model calls per point and fitted parameter of central differences, and a pass
+// over the points per iteration: the residuals of a step and the Jacobian there come
+// from one call per point.
+using PointGradient = std::function<double(std::span<const double> p, double x,
+                                           std::span<double> gradient, bool& failed)>;
 
 // One parameter: its name (for messages), its starting value and whether it is fitted.
 struct FitParameter {
@@ -59,6 +69,9 @@ struct Lsfit2Problem {
   std::span<const double> y;  // same length as x
   std::vector<FitParameter> parameters;
   Lsfit2Options options{};
+  // Optional; when given, the engine calls it instead of `model` and takes the Jacobian
+  // from it. Empty: central differences of `model`.
+  PointGradient gradient{};
 };
 
 struct Lsfit2Result {

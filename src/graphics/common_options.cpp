@@ -57,8 +57,9 @@ void write_common_options(PlotWriter& w, const CommonGraph& g) {
   write_events(w, g);
   when_checked(w, kShowFileName, g.defaults.file_name,
                [&] { w.text_at_page(0.01, 0.01, g.file_name, Align::kLeft); });
-  when_checked(w, kShowFileHandle, g.defaults.file_handle,
-               [&] { w.text_at_page(0.99, 0.01, g.handle, Align::kRight); });
+  when_checked(w, kShowFileHandle, g.defaults.file_handle, [&] {
+    w.text_at_page(0.99, 0.01, g.handle_text.empty() ? g.handle : g.handle_text, Align::kRight);
+  });
 }
 
 }  // namespace tidemark::graphics

@@ -48,6 +48,9 @@ struct CommonGraph {
   std::string_view y_label = "Concentration";
   std::string_view file_name{};
   std::string_view handle{};
+  // The lower-right page text when it is not the handle: a graph of two series names
+  // both there, so that the footers of its panels coincide instead of overlapping.
+  std::string_view handle_text{};
   std::span<const float> x{};   // sample times
   std::span<const float> y{};   // concentrations (missing below -9.9E34)
   std::span<const float> sd{};  // their standard deviations; empty for none
@@ -64,7 +67,8 @@ struct CommonGraph {
 // Writes, into the current panel: the y axis (log under "Log Concentration Scale",
 // else linear), the data series named after the handle with its points, error bars,
 // curve and missing marks each in its option block, the event markers or crosshairs,
-// and the file name (lower left of the page) and handle (lower right) as page texts.
+// and the file name (lower left of the page) and handle (lower right, or `handle_text`)
+// as page texts.
 void write_common_options(PlotWriter& w, const CommonGraph& graph);
 
 }  // namespace tidemark::graphics

@@ -39,9 +39,7 @@ std::string concordance_graph(const ConcordanceReport& r, const data::DataSet& a
   w.begin_option(kShowCoincidences, graphics::When::kChecked, true);
   w.series("Coincidences", {.line = graphics::Dash::kSolid, .colour = graphics::kBlue}, x, y);
   w.end_option();
-  const std::string names = a.file_name + "  vs. " + b.file_name;
-  series_panel(w, a, names, 0.5, r.a.events);
-  series_panel(w, b, names, 0.5, r.b.events);
+  series_panels(w, a, b, 0.5, r.a.events, r.b.events);
   return w.text();
 }
 

@@ -68,9 +68,7 @@ std::string correlation_graph(const CorrelationAnalysis& analysis, const data::D
   for (const auto& k : analysis.kendall) tau.push_back(k.tau ? *k.tau : core::kMissing);
   w.series("Kendall's Tau", {.symbol = graphics::Symbol::kAuto, .line = graphics::Dash::kSolid},
            both, tau);
-  const std::string names = a.file_name + "  vs. " + b.file_name;
-  series_panel(w, a, names, 0.5);
-  series_panel(w, b, names, 0.5);
+  series_panels(w, a, b, 0.5);
   return w.text();
 }
 

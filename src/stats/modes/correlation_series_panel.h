@@ -1,19 +1,20 @@
 #pragma once
-// A panel with one data set's concentration series and the options every mode's graph
-// shares, as the two-series modes (Correlation, Concordance) draw each of their series.
+// The panels of the two series of a two-series mode (Correlation, Concordance, X_ApEn),
+// each with its concentration series and the options every mode's graph shares.
 #include <span>
-#include <string_view>
 
 #include "data/dataset.h"
 #include "graphics/plot_writer.h"
 
 namespace tidemark::stats {
 
-// PANEL titled with the handle (the file name when there is none), HEIGHT `height`, an
-// x axis labelled with the time column's header ("TIME" when blank), then
-// graphics::write_common_options with `file_names` as the file name text and
-// `positions` as the event markers.
-void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string_view file_names,
-                  double height, std::span<const double> positions = {});
+// A panel for A, then one for B, each of HEIGHT `height`, titled with its handle (the
+// file name when there is none), an x axis labelled with the time column's header
+// ("TIME" when blank), then graphics::write_common_options with its events as markers.
+// Both panels write the same footers, "a.dat  vs. b.dat" lower left and "A  vs. B"
+// lower right, so the footers coincide on the page instead of overlapping.
+void series_panels(graphics::PlotWriter& w, const data::DataSet& a, const data::DataSet& b,
+                   double height, std::span<const double> a_positions = {},
+                   std::span<const double> b_positions = {});
 
 }  // namespace tidemark::stats

@@ -2,22 +2,10 @@
 
 #include <vector>
 
-#include "graphics/common_options.h"
 #include "graphics/plot_writer.h"
+#include "stats/modes/correlation_series_panel.h"
 
 namespace tidemark::stats {
-
-namespace {
-
-void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string_view file_names) {
-  w.panel(set.handle.empty() ? set.file_name : set.handle, 0.5);
-  w.x_axis({.label = set.headers[data::kX].empty() ? "TIME" : set.headers[data::kX]});
-  graphics::write_common_options(
-      w,
-      {.file_name = file_names, .handle = set.handle, .x = set.x(), .y = set.y(), .sd = set.dy()});
-}
-
-}  // namespace
 
 std::string xapen_graph(const XApEnReport& report, const data::DataSet& a, const data::DataSet& b) {
   std::vector<double> lags, first, second;
@@ -35,9 +23,7 @@ std::string xapen_graph(const XApEnReport& report, const data::DataSet& a, const
   w.begin_option(kShowSecondLength, graphics::When::kChecked, true);
   w.series("m=1", {.line = graphics::Dash::kDash, .steps = true}, lags, second);
   w.end_option();
-  const std::string names = report.a_name + "  vs. " + report.b_name;
-  series_panel(w, a, names);
-  series_panel(w, b, names);
+  series_panels(w, a, b, 0.5);
   return w.text();
 }
 

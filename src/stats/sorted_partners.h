@@ -20,7 +20,7 @@ namespace tidemark::stats {
 
 template <typename T>
 struct SortedPartners {
-  std::vector<T> value;             // the values that can match, ascending (ties by index)
+  std::vector<T> value;             // the values that can match, ascending
   std::vector<std::int32_t> index;  // index[p]: the point at position p
   std::vector<std::int32_t> rank;   // rank[t]: the position of point t, -1 if it never matches
 };
@@ -31,12 +31,12 @@ struct SortedPartners {
 template <typename T>
 SortedPartners<T> sort_partners(std::span<const T> x, std::span<const std::uint8_t> usable);
 
-// For each query value a = queries[t]: [lo[t], hi[t]) holds the positions p with
-// |a − partners.value[p]| ≤ r; empty when point t is not usable (`usable` empty: every
-// point is).
+// For each point t of the query series, sorted the same way: [lo[t], hi[t]) holds the
+// positions p with |a − partners.value[p]| ≤ r, a the value of point t; empty for a
+// point left out of `queries` (unusable or NaN). One sweep over the finite values, a
+// binary search for each infinite one.
 template <typename T>
-void partner_runs(const SortedPartners<T>& partners, std::span<const T> queries,
-                  std::span<const std::uint8_t> usable, T r, std::vector<std::int32_t>& lo,
-                  std::vector<std::int32_t>& hi);
+void partner_runs(const SortedPartners<T>& partners, const SortedPartners<T>& queries, T r,
+                  std::vector<std::int32_t>& lo, std::vector<std::int32_t>& hi);
 
 }  // namespace tidemark::stats

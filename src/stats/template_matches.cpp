@@ -59,6 +59,7 @@ RunCounts scan_run(const T* second, const T* third, std::size_t lo, std::size_t 
   const Values v1 = Values{} + a1;
   const Values v2 = Values{} + a2;
   const Values vr = Values{} + r;
+  const Mask magnitude = ~reinterpret_cast<Mask>(-Values{});  // every bit but the sign
   Mask found2{};
   Mask found3{};
   std::size_t p = lo;
@@ -67,11 +68,11 @@ RunCounts scan_run(const T* second, const T* third, std::size_t lo, std::size_t 
     Values t;
     std::memcpy(&s, second + p, sizeof s);
     std::memcpy(&t, third + p, sizeof t);
-    const Values d2 = v1 - s;
-    const Values d3 = v2 - t;
-    const Mask hit2 = (d2 <= vr) & (d2 >= -vr);
+    // |d| ≤ r with the sign bit of d cleared: false for NaN, as in within().
+    const Mask hit2 = reinterpret_cast<Values>(reinterpret_cast<Mask>(v1 - s) & magnitude) <= vr;
+    const Mask hit3 = reinterpret_cast<Values>(reinterpret_cast<Mask>(v2 - t) & magnitude) <= vr;
     found2 -= hit2;
-    found3 -= hit2 & (d3 <= vr) & (d3 >= -vr);
+    found3 -= hit2 & hit3;
   }
   RunCounts counts;
   for (std::size_t k = 0; k < kWidth; ++k) {
@@ -114,9 +115,9 @@ void scan_runs(std::span<const T> query, std::span<const T> partner,
 
 // The work of the rank-space counting per point and squared bit of N, in partners
 // scanned in the same time: measured with the ApEn and X-ApEn counting benchmarks
-// (about 8 ns against 0.27 ns per float and 1.0 ns per double scanned).
+// (about 6 ns against 0.2 ns per float and 0.65 ns per double scanned).
 template <typename T>
-constexpr double kBoxCost = sizeof(T) == sizeof(float) ? 30.0 : 7.5;
+constexpr double kBoxCost = sizeof(T) == sizeof(float) ? 30.0 : 9.5;
 
 template <typename T>
 bool scan_is_quicker(std::span<const std::int32_t> lo, std::span<const std::int32_t> hi) {
@@ -135,9 +136,15 @@ BoxCounts count_template_matches(std::span<const T> query, std::span<const T> pa
                                  std::span<const std::uint8_t> partner_usable, T r,
                                  MatchMethod method) {
   const SortedPartners<T> sorted = sort_partners(partner, partner_usable);
+  // A series compared with itself is sorted once.
+  const bool itself = query.data() == partner.data() && query.size() == partner.size() &&
+                      query_usable.data() == partner_usable.data() &&
+                      query_usable.size() == partner_usable.size();
+  SortedPartners<T> queries;
+  if (!itself) queries = sort_partners(query, query_usable);
   std::vector<std::int32_t> lo;
   std::vector<std::int32_t> hi;
-  partner_runs(sorted, query, query_usable, r, lo, hi);
+  partner_runs(sorted, itself ? sorted : queries, r, lo, hi);
   if (method == MatchMethod::kAdaptive) {
     method = scan_is_quicker<T>(lo, hi) ? MatchMethod::kRunScan : MatchMethod::kBoxes;
   }

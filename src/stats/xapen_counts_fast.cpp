@@ -15,7 +15,7 @@ void add_hits(std::span<const double> a, std::span<const double> b, double r, Hi
   const SortedPartners<double> sorted = sort_partners(b.first(n), {});
   std::vector<std::int32_t> lo;
   std::vector<std::int32_t> hi;
-  partner_runs(sorted, a.first(n), {}, r, lo, hi);
+  partner_runs(sorted, sort_partners(a.first(n), {}), r, lo, hi);
   for (std::size_t i = 0; i < n; ++i) {
     const int from = static_cast<int>(i);
     for (std::int32_t p = lo[i]; p < hi[i]; ++p) {

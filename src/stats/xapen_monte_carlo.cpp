@@ -13,7 +13,7 @@ namespace tidemark::stats {
 
 namespace {
 
-// Cycles handed out between two progress reports.
+// Cycles done between two progress reports.
 constexpr int kBlock = 25;
 
 // Per-thread scratch, so a cycle allocates nothing after the first.
@@ -68,21 +68,36 @@ XApEnCycles xapen_monte_carlo(std::span<const double> a, std::span<const double>
   const int cores = static_cast<int>(std::thread::hardware_concurrency());
   const int threads = std::max(1, options.threads > 0 ? options.threads : cores);
   std::vector<Scratch> scratch(threads);
-  for (int first = 0; first < cycles; first += kBlock) {
-    const int last = std::min(cycles, first + kBlock);
-    std::atomic<int> next{first};
-    auto work = [&](Scratch& s) {
-      for (int c = next++; c < last; c = next++) run_cycle(a, sa, b, sb, r, options, c, s, out);
-    };
-    std::vector<std::jthread> pool;
-    for (int t = 1; t < threads; ++t) pool.emplace_back(work, std::ref(scratch[t]));
-    work(scratch[0]);
-    pool.clear();  // joins
-    if (options.progress && !options.progress(static_cast<double>(last) / cycles)) {
-      out.cancelled = true;
-      break;
-    }
+  std::atomic<int> next{0};
+  std::atomic<int> done{0};
+  std::atomic<bool> stop{false};
+  // Each thread takes the next cycle not yet taken until none is left; the calling
+  // thread takes its share too and reports progress between its cycles.
+  auto run_next = [&](Scratch& s) {
+    const int c = next++;
+    if (c >= cycles || stop) return false;
+    run_cycle(a, sa, b, sb, r, options, c, s, out);
+    ++done;
+    return true;
+  };
+  std::vector<std::jthread> pool;
+  for (int t = 1; t < threads; ++t) {
+    pool.emplace_back([&, t] {
+      while (run_next(scratch[t])) {
+      }
+    });
   }
+  int reported = 0;
+  auto report = [&](int now) {
+    reported = now;
+    if (options.progress && !options.progress(static_cast<double>(now) / cycles)) stop = true;
+  };
+  while (run_next(scratch[0])) {
+    if (done - reported >= kBlock) report(done);
+  }
+  pool.clear();  // joins
+  if (!stop && reported < cycles) report(cycles);
+  out.cancelled = stop;
   return out;
 }
 

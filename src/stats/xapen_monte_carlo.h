@@ -33,7 +33,8 @@ struct XApEnMonteCarloOptions {
   std::uint64_t seed = 1;
   int threads = 0;                          // 0: one per hardware core
   CountMethod method = CountMethod::kFast;  // both give the same values
-  // Called between blocks of cycles with the fraction done; false stops the passes.
+  // Called on the calling thread about every 25 cycles done and at the end, with the
+  // fraction done; false stops the passes.
   std::function<bool(double)> progress{};
 };
 

@@ -15,7 +15,7 @@
 namespace tidemark::stats {
 namespace {
 
-enum Field { kASeries, kBSeries, kFrom, kTo, kCycles };
+enum Field { kASeries, kBSeries, kFrom, kTo, kCycles, kADescription, kBDescription, kTable };
 
 // Cycles between two progress reports.
 constexpr long kCycleBlock = 10'000;
@@ -67,7 +67,14 @@ class ConcordanceModule : public shell::Module {
     const auto outcome =
         write_listing_and_graph(c, concordance_listing(report), concordance_graph(report, a, b));
     if (!outcome.ok) return outcome;
-    for (const auto& row : concordance_grid_rows(report.table)) c.log.log("Concordance: " + row);
+    std::string table;
+    for (const auto& row : concordance_grid_rows(report.table)) {
+      c.log.log("Concordance: " + row);
+      table += (table.empty() ? "" : "\n") + row;
+    }
+    c.values[kADescription] = series_description(report.a);
+    c.values[kBDescription] = series_description(report.b);
+    c.values[kTable] = table;
     results_.current = std::move(report);
     return outcome;
   }
@@ -106,7 +113,15 @@ class ConcordanceModule : public shell::Module {
                       {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
                       {"Coincidence From", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
                       {"Coincidence To", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
-                      {"#MC Cycles", ui::FieldKind::kInteger, "100000", "Parameters", {}}}};
+                      {"#MC Cycles", ui::FieldKind::kInteger, "100000", "Parameters", {}},
+                      {"A Description", ui::FieldKind::kText, "", "Series", {}, true},
+                      {"B Description", ui::FieldKind::kText, "", "Series", {}, true},
+                      {"Probability Table",
+                       ui::FieldKind::kText,
+                       std::string(kConcordanceGridInitial),
+                       "Probability Table",
+                       {},
+                       true}}};
   shell::KeptResults<ConcordanceReport> results_;
 };
 

@@ -12,11 +12,15 @@ std::string g15_3(double v) {
 }
 
 std::string series_line(std::string_view name, const ConcordanceSeries& s) {
-  return fmt::format(" {}: {}{} points{} peaks\n", name, s.file_name, core::format_i(s.points, 5),
-                     core::format_i(static_cast<long long>(s.events.size()), 5));
+  return fmt::format(" {}: {}\n", name, series_description(s));
 }
 
 }  // namespace
+
+std::string series_description(const ConcordanceSeries& s) {
+  return fmt::format("{}{} points{} peaks", s.file_name, core::format_i(s.points, 5),
+                     core::format_i(static_cast<long long>(s.events.size()), 5));
+}
 
 std::string concordance_listing(const ConcordanceReport& r) {
   std::string out = "Monte-Carlo Concordance Calculation\n\n";

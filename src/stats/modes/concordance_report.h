@@ -1,6 +1,6 @@
 #pragma once
-// What a Concordance calculation found, and the texts made from it: the listing and
-// the rows of the dialog's probability grid.
+// What a Concordance calculation found, and the texts made from it: the listing, the
+// dialog's descriptions of the two series and the rows of its probability grid.
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +41,10 @@ inline constexpr std::string_view kConcordanceGridInitial = "P(  0)=1.0000      
 //   ...
 // Counts I5 (the cycles I10, k I3) and reals 1PG15.3.
 std::string concordance_listing(const ConcordanceReport& report);
+
+// What the dialog's read-only field shows of one series: "lh.dat   48 points    7 peaks",
+// as the listing's series line.
+std::string series_description(const ConcordanceSeries& series);
 
 // One grid row per k = 0 .. min(nA, nB): "P(%3d)=%6.4f        Sum Q=%6.4f" of P(k), Q(k).
 std::vector<std::string> concordance_grid_rows(const ProbabilityTable& table);

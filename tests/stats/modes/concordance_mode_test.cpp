@@ -80,6 +80,26 @@ TEST(ConcordanceMode, ASeriesWithoutEventsGivesTheSingleCertainRow) {
             log.end());
 }
 
+TEST(ConcordanceMode, TheDialogShowsTheInitialGridThenTheTableAndBothSeries) {
+  ConcordanceRun before(with_events("a.dat", {10}), with_events("b.dat", {10}), {});
+  const auto module = make_concordance_module();
+  const ui::Dialog& d = module->dialog();
+  const auto field = [&](const ConcordanceRun& r, const char* label) {
+    return std::get<std::string>(r.f.ui.dialog_values.at(*d.find(label)));
+  };
+  EXPECT_EQ(field(before, "Probability Table"), kConcordanceGridInitial);
+  // lo > hi: no coincidence ever, so P(0) = 1 and Q(1) = Q(2) = 0 (by hand).
+  ConcordanceRun after(with_events("a.dat", {10, 50}), with_events("b.dat", {10, 50, 90}),
+                       {"SET Coincidence From = 1", "SET Coincidence To = -1",
+                        "SET #MC Cycles = 300", "CONCORD_CALCULATE"});
+  EXPECT_EQ(field(after, "Probability Table"),
+            "P(  0)=1.0000        Sum Q=1.0000\n"
+            "P(  1)=0.0000        Sum Q=0.0000\n"
+            "P(  2)=0.0000        Sum Q=0.0000");
+  EXPECT_EQ(field(after, "A Description"), "a.dat   25 points    2 peaks");
+  EXPECT_EQ(field(after, "B Description"), "b.dat   25 points    3 peaks");
+}
+
 TEST(ConcordanceMode, TheSameSeedGivesTheSameTableAndTheGraphParses) {
   const auto a = with_events("a.dat", {10, 50, 90, 130, 170});
   const auto b = with_events("b.dat", {12, 95, 140, 230});

@@ -59,7 +59,20 @@ TEST_F(CosineMode, CalculateRecoversTheCosinorAndListsItsParameters) {
     EXPECT_NE(text.find(line), std::string::npos) << line << "\n" << text;
   }
   const auto graph = graphics::parse_plot(Scratch::read(f.session->files().graph_path()));
-  EXPECT_TRUE(graph.ok) << graph.message;
+  ASSERT_TRUE(graph.ok) << graph.message;
+  // The scan panel: trial periods t(4) .. t(48) = 30 .. 470, none above 100 %, and at
+  // the series' own period of 240 nothing left (it is a noiseless cosinor).
+  ASSERT_EQ(graph.plot.panels.size(), 2u);
+  const graphics::Panel& scan = graph.plot.panels[1];
+  EXPECT_EQ(scan.title, "Period Scan");
+  ASSERT_EQ(scan.series.size(), 1u);
+  const graphics::Series& rows = scan.series[0];
+  ASSERT_FALSE(rows.x.empty());
+  EXPECT_EQ(rows.x.front(), 30.0);
+  EXPECT_EQ(rows.x.back(), 470.0);
+  for (const double percent : rows.y) EXPECT_LE(percent, 100.0);
+  const auto at_240 = std::find(rows.x.begin(), rows.x.end(), 240.0) - rows.x.begin();
+  EXPECT_LT(rows.y.at(static_cast<std::size_t>(at_240)), 1e-6);
 }
 
 TEST_F(CosineMode, TheNextCalculateStartsFromTheLastFit) {

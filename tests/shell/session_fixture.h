@@ -15,6 +15,19 @@
 
 namespace tidemark::testing_support {
 
+// A progress display that keeps every fraction it was shown.
+class RecordedProgress : public ui::Progress {
+ public:
+  explicit RecordedProgress(std::vector<double>& fractions) : fractions_(fractions) {}
+  bool update(double fraction) override {
+    fractions_.push_back(fraction);
+    return true;
+  }
+
+ private:
+  std::vector<double>& fractions_;
+};
+
 class ScriptedUi : public ui::RecordingUi {
  public:
   std::deque<std::string> commands;
@@ -23,6 +36,9 @@ class ScriptedUi : public ui::RecordingUi {
   std::vector<std::string> dialogs;
   std::vector<ui::FieldValue> dialog_values;  // as the dialog shows them now
   int dialog_updates = 0;                     // times a mode's written fields were shown
+  std::vector<std::vector<ui::FieldValue>> updated_values;  // each of those times, in order
+  std::vector<std::string> progress_titles;                 // progress displays started
+  std::vector<double> progress_fractions;                   // what they were shown
   int hints = 0;
   std::optional<std::size_t> item_choice;  // the answer to choose_item
   std::vector<std::string> list_items;     // the items it was offered
@@ -54,6 +70,11 @@ class ScriptedUi : public ui::RecordingUi {
   void update_dialog(const ui::Dialog&, const std::vector<ui::FieldValue>& values) override {
     dialog_values = values;
     ++dialog_updates;
+    updated_values.push_back(values);
+  }
+  std::unique_ptr<ui::Progress> progress(std::string_view title) override {
+    progress_titles.emplace_back(title);
+    return std::make_unique<RecordedProgress>(progress_fractions);
   }
   void show_hint(std::string_view, const std::vector<std::string>&) override { ++hints; }
 

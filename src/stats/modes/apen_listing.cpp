@@ -32,6 +32,21 @@ std::string apen_value(float value) {
   return core::is_missing(value) ? fmt::format("{:>15}", "Undefined") : core::format_g15_5(value);
 }
 
+std::vector<std::string> apen_result_fields(const ApEnResult& result) {
+  std::vector<std::string> fields;
+  for (const Row& row : kRows) {
+    std::string field(row.section.empty() ? " ApEn = " : row.section);
+    for (int m = 1; m <= 2; ++m) {
+      const ApEnSummary& s = result.m[static_cast<std::size_t>(m - 1)];
+      field += fmt::format("{}{}", m == 1 ? "" : ", ", core::trim(apen_value(s.*row.value)));
+      if (row.sd != nullptr) field += " +/- " + std::string(core::trim(apen_value(s.*row.sd)));
+      field += fmt::format(" (m={})", m);
+    }
+    fields.push_back(std::move(field));
+  }
+  return fields;
+}
+
 std::vector<std::string> apen_listing(std::string_view file_name, double r_setting,
                                       const ApEnResult& result) {
   std::vector<std::string> lines;

@@ -25,6 +25,12 @@ namespace tidemark::stats {
 std::vector<std::string> apen_listing(std::string_view file_name, double r_setting,
                                       const ApEnResult& result);
 
+// The dialog's six result fields, one per group of the listing, each the group's
+// heading followed by its m = 1 and m = 2 figures without padding:
+//   " Noise Added = 0.50275 +/- 4.01461E-02 (m=1), 0.31508 +/- 2.99893E-02 (m=2)"
+// The data's own ApEn heads its field " ApEn = ".
+std::vector<std::string> apen_result_fields(const ApEnResult& result);
+
 // A listing value: 1PG15.5, or "Undefined" right-justified in 15 for a missing one.
 std::string apen_value(float value);
 

@@ -1,5 +1,7 @@
 #include "stats/modes/apen_mode.h"
 
+#include <fmt/format.h>
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +21,19 @@ namespace {
 using shell::ModuleContext;
 using shell::Outcome;
 
+// The four settings come first, then the six result fields of apen_result_fields.
+constexpr std::size_t kFirstResultField = 4;
+constexpr std::size_t kResultFields = 6;
+// The result fields that count the cycles of the noise-added and the shuffled pass.
+constexpr std::size_t kNoiseField = kFirstResultField + 1;
+constexpr std::size_t kShuffledField = kFirstResultField + 2;
+
+void show_results(ModuleContext& c, const std::vector<std::string>& fields) {
+  for (std::size_t k = 0; k < kResultFields; ++k) {
+    c.values[kFirstResultField + k] = k < fields.size() ? fields[k] : std::string();
+  }
+}
+
 std::string join_lines(const std::vector<std::string>& lines) {
   std::string text;
   for (const auto& line : lines) text += line + "\n";
@@ -32,6 +47,7 @@ class ApEnModule : public shell::Module {
   std::vector<std::string> prefixes() const override { return {"APEN"}; }
 
   Outcome calculate(ModuleContext& c) override {
+    show_results(c, {});
     const data::ConditionResult conditioned =
         data::condition(c.store.current(), false, c.ui, c.log);
     if (!conditioned.ok) return Outcome::error({conditioned.message});
@@ -45,11 +61,15 @@ class ApEnModule : public shell::Module {
     auto noise_progress = c.ui.progress("ApEn Noise Added Cycles");
     auto shuffle_progress = c.ui.progress("ApEn Shuffled Cycles");
     options.progress = [&](int pass, int done) {
+      c.values[pass == 1 ? kNoiseField : kShuffledField] = fmt::format(
+          " {} Cycle {} of {}", pass == 1 ? "Noise Added" : "Shuffled", done, options.cycles);
+      c.ui.update_dialog(apen_dialog(), c.values);
       auto& progress = pass == 1 ? noise_progress : shuffle_progress;
       return !progress || progress->update(static_cast<double>(done) / options.cycles);
     };
     const ApEnResult result = analyse_apen(apen_series(set), options);
     if (!result.ok) return Outcome::error({result.message});
+    show_results(c, apen_result_fields(result));
     put_apen_summary(c.store.current().summary, result);
     const std::vector<std::string> lines = apen_listing(set.file_name, options.r, result);
     core::replace_file(c.listing, join_lines(lines));
@@ -76,7 +96,13 @@ const ui::Dialog& apen_dialog() {
       {{"First Difference Detrend", FieldKind::kCheck, "OFF", "Options", {}},
        {"Use R as a Fraction of the Data's SD", FieldKind::kCheck, "ON", "Options", {}},
        {"R", FieldKind::kReal, "0.2", "Parameters", {}},
-       {"MC Cycles", FieldKind::kInteger, "1000", "Parameters", {}}}};
+       {"MC Cycles", FieldKind::kInteger, "1000", "Parameters", {}},
+       {"ApEn", FieldKind::kText, "", "Results", {}, true},
+       {"Noise Added", FieldKind::kText, "", "Results", {}, true},
+       {"Shuffled", FieldKind::kText, "", "Results", {}, true},
+       {"Ratio", FieldKind::kText, "", "Results", {}, true},
+       {"Z for Random", FieldKind::kText, "", "Results", {}, true},
+       {"P for Random", FieldKind::kText, "", "Results", {}, true}}};
   return dialog;
 }
 

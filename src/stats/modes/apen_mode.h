@@ -20,7 +20,10 @@ struct DataSet;
 namespace tidemark::stats {
 
 // The dialog: "First Difference Detrend" (OFF), "Use R as a Fraction of the Data's SD"
-// (ON), "R" (0.2) and "MC Cycles" (1000), in this order.
+// (ON), "R" (0.2) and "MC Cycles" (1000), in this order; then six read-only result
+// fields, "ApEn", "Noise Added", "Shuffled", "Ratio", "Z for Random" and "P for Random"
+// (apen_result_fields). During the passes "Noise Added" and "Shuffled" count the
+// cycles (" Noise Added Cycle 250 of 1000").
 const ui::Dialog& apen_dialog();
 
 // The working series of the crop range of `set`; a missing standard error is taken as 0.

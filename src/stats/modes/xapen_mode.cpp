@@ -11,10 +11,22 @@ namespace tidemark::stats {
 
 namespace {
 
-enum Field { kASeries, kBSeries, kCycles, kR };
+// The settings, then the eight read-only result fields (xapen_result_lines).
+enum Field { kASeries, kBSeries, kCycles, kR, kFirstResult };
+constexpr int kResultFields = 8;
+
+void show_results(shell::ModuleContext& c, const std::vector<std::string>& lines) {
+  for (int k = 0; k < kResultFields; ++k) {
+    c.values[kFirstResult + k] = k < static_cast<int>(lines.size()) ? lines[k] : std::string();
+  }
+}
 
 // Fewer cycles leave the SDs without a divisor.
 constexpr int kMinCycles = 2;
+
+ui::Field result_field(const char* label) {
+  return {label, ui::FieldKind::kText, "", "Results", {}, true};
+}
 
 class XApEnModule : public shell::Module {
  public:
@@ -23,6 +35,7 @@ class XApEnModule : public shell::Module {
   std::vector<std::string> prefixes() const override { return {"XAPEN"}; }
 
   shell::Outcome calculate(shell::ModuleContext& c) override {
+    show_results(c, {});
     const int cycles = std::get<int>(c.values[kCycles]);
     if (cycles < kMinCycles) return shell::Outcome::error({"MC Cycles must be at least 2."});
     const PairedSeries s =
@@ -54,7 +67,9 @@ class XApEnModule : public shell::Module {
       const auto written = core::replace_file(*path, text);
       if (!written.ok) return shell::Outcome::error({written.message});
     }
-    for (const std::string& line : xapen_result_lines(report)) c.log.log(line);
+    const std::vector<std::string> lines = xapen_result_lines(report);
+    for (const std::string& line : lines) c.log.log(line);
+    show_results(c, lines);
     results_.current = std::move(report);
     return shell::Outcome::success();
   }
@@ -67,7 +82,15 @@ class XApEnModule : public shell::Module {
                      {{"A Series", ui::FieldKind::kInteger, "1", "Series", {}},
                       {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
                       {"MC Cycles", ui::FieldKind::kInteger, "1000", "Parameters", {}},
-                      {"R", ui::FieldKind::kReal, "0.200", "Parameters", {}}}};
+                      {"R", ui::FieldKind::kReal, "0.200", "Parameters", {}},
+                      result_field("XApEn(1)"),
+                      result_field("+Noise XApEn(1)"),
+                      result_field("Random XApEn(1)"),
+                      result_field("Ratio XApEn(1)"),
+                      result_field("XApEn(2)"),
+                      result_field("+Noise XApEn(2)"),
+                      result_field("Random XApEn(2)"),
+                      result_field("Ratio XApEn(2)")}};
   shell::KeptResults<XApEnReport> results_;
 };
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "graphics/plot_parser.h"
@@ -62,6 +65,62 @@ TEST_F(ApEnMode, ListingOfASeriesWithoutMatchesBetweenTemplates) {
   EXPECT_EQ(lines[15], "Z for Random ApEn(1,0.20,5) =       Undefined");
   EXPECT_EQ(lines[17], " P for Random = ");
   EXPECT_EQ(lines[19], "P for Random ApEn(2,0.20,5) =      1.0000    ");
+}
+
+// The same series: each result field holds its group's figures for m = 1 and m = 2 as
+// the listing above has them; during the passes the second and third fields count the
+// cycles, and both passes report their progress to the ui up to the whole.
+TEST_F(ApEnMode, ResultFieldsShowTheFiguresAndCountTheCyclesDuringThePasses) {
+  listing({"SET MC Cycles = 3"});
+  const auto field = [&](std::size_t k) { return std::get<std::string>(f.ui.dialog_values[k]); };
+  EXPECT_EQ(field(4), " ApEn = -0.22314 (m=1), -0.28768 (m=2)");
+  EXPECT_EQ(field(5).rfind(" Noise Added = ", 0), 0u);
+  EXPECT_EQ(field(6), " Shuffled = -0.22314 +/- 0.0000 (m=1), -0.28768 +/- 0.0000 (m=2)");
+  EXPECT_EQ(field(7).rfind(" Ratio = 1.0000 +/- ", 0), 0u);
+  EXPECT_EQ(field(8), " Z for Random = Undefined (m=1), Undefined (m=2)");
+  EXPECT_EQ(field(9), " P for Random = 1.0000 (m=1), 1.0000 (m=2)");
+  Lines counted;
+  for (const auto& values : f.ui.updated_values) {
+    for (std::size_t k : {5u, 6u}) {
+      const std::string text = std::get<std::string>(values[k]);
+      if (text.find("Cycle") != std::string::npos) counted.push_back(text);
+    }
+  }
+  ASSERT_FALSE(counted.empty());
+  EXPECT_NE(std::find(counted.begin(), counted.end(), " Noise Added Cycle 3 of 3"), counted.end());
+  EXPECT_EQ(counted.back(), " Shuffled Cycle 3 of 3");
+  EXPECT_EQ(f.ui.progress_titles, (Lines{"ApEn Noise Added Cycles", "ApEn Shuffled Cycles"}));
+  ASSERT_FALSE(f.ui.progress_fractions.empty());
+  EXPECT_EQ(f.ui.progress_fractions.back(), 1.0);
+}
+
+// do_apen.ini keeps the four settings and no result; when one of the four does not
+// read, all four take their defaults.
+TEST(ApEnSettings, TheFileHoldsTheFourSettingsAndOneBadItemRestoresEveryDefault) {
+  SessionFixture first(apen_modes());
+  first.session->store().append(data_set("lh.dat", "LH", 5));
+  first.run({"MODE ApEn", "SET R = 0.5", "SET MC Cycles = 7", "SAVE_PARAMETERS"});
+  const auto file = first.session->folders().system / "do_apen.ini";
+  std::istringstream saved(Scratch::read(file));
+  Lines items;
+  for (std::string line; std::getline(saved, line);) items.push_back(line);
+  ASSERT_EQ(items.size(), 4u) << Scratch::read(file);
+
+  SessionFixture second(apen_modes());
+  second.session->store().append(data_set("lh.dat", "LH", 5));
+  const auto kept = second.session->folders().system / "do_apen.ini";
+  std::filesystem::copy_file(file, kept);
+  second.run({"MODE ApEn"});
+  EXPECT_EQ(std::get<int>(second.ui.dialog_values[3]), 7);
+
+  SessionFixture third(apen_modes());
+  third.session->store().append(data_set("lh.dat", "LH", 5));
+  std::string text = Scratch::read(file);
+  text.replace(text.find("0.5"), 3, "half");
+  std::ofstream(third.session->folders().system / "do_apen.ini") << text;
+  third.run({"MODE ApEn"});
+  EXPECT_EQ(std::get<double>(third.ui.dialog_values[2]), 0.2);
+  EXPECT_EQ(std::get<int>(third.ui.dialog_values[3]), 1000);
 }
 
 TEST_F(ApEnMode, DifferencingAndAbsoluteRAreNotedAndShortenTheSeries) {

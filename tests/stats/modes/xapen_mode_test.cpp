@@ -78,6 +78,20 @@ TEST_F(XApEnMode, ListingHoldsTheDataValuesTheLabelsInOrderAndTheHitTable) {
   EXPECT_EQ(lines[19], "       0         5         4");
 }
 
+// The dialog's eight result fields hold the listing's result lines, the m = 2 random
+// line with its m = 1 label; the progress of the cycles reaches the ui up to the whole.
+TEST_F(XApEnMode, ResultFieldsHoldTheListingsResultLines) {
+  const Lines lines = listing();
+  ASSERT_GE(lines.size(), 12u);
+  ASSERT_EQ(f.ui.dialog_values.size(), 12u);
+  for (std::size_t k = 0; k < 8; ++k) {
+    EXPECT_EQ(std::get<std::string>(f.ui.dialog_values[4 + k]), lines[4 + k]) << k;
+  }
+  EXPECT_EQ(f.ui.progress_titles, (Lines{"X_ApEn Monte-Carlo cycles"}));
+  ASSERT_FALSE(f.ui.progress_fractions.empty());
+  EXPECT_EQ(f.ui.progress_fractions.back(), 1.0);
+}
+
 TEST_F(XApEnMode, TheGraphSourceParsesAndIsTitledTimeBetweenMatches) {
   listing();
   const std::string source = Scratch::read(f.session->files().graph_path());

@@ -196,6 +196,7 @@ BoxCounts count_in_boxes(std::span<const std::int32_t> rank, std::span<const std
 
   events = events_of(rank, lo, hi, 3);
   sort_by<&Event::key0>(events, ranked, scratch);
+  std::vector<Event>().swap(scratch);  // the divide and conquer has its own
   Conquer(events, ranked, counts[2]).solve(0, events.size());
   return counts;
 }

@@ -31,6 +31,8 @@ class Fitter {
       : problem_(problem), gradient_(problem.parameters.size()) {
     for (std::size_t j = 0; j < problem.parameters.size(); ++j) {
       if (problem.parameters[j].fit) free_.push_back(j);
+      const double start = std::abs(problem.parameters[j].value);
+      typical_.push_back(start > 0 ? start : 1.0);
     }
   }
 
@@ -57,14 +59,16 @@ class Fitter {
   }
 
   // The Jacobian of f in the fitted parameters at `p` by central differences,
-  // h = step * max(|p|, 1); false, with `message` set, when the model fails.
+  // h = step * max(|p|, |start|), with 1 for a parameter that starts at 0: a step that
+  // follows the parameter's own size, so that one of size 1e-7 is not stepped by 1e-6.
+  // False, with `message` set, when the model fails.
   bool difference_jacobian(std::span<const double> p, Matrix& jac, std::string& message) {
     const auto n = static_cast<Eigen::Index>(problem_.x.size());
     jac.resize(n, fitted());
     shifted_.assign(p.begin(), p.end());
     for (int k = 0; k < fitted(); ++k) {
       const std::size_t j = free_[k];
-      const double h = problem_.options.derivative_step * std::max(std::abs(p[j]), 1.0);
+      const double h = problem_.options.derivative_step * std::max(std::abs(p[j]), typical_[j]);
       shifted_[j] = p[j] + h;
       if (!residuals(shifted_, plus_, message)) return false;
       shifted_[j] = p[j] - h;
@@ -117,6 +121,7 @@ class Fitter {
 
   const Lsfit2Problem& problem_;
   std::vector<std::size_t> free_;
+  std::vector<double> typical_;  // |start|, or 1 for a start of 0
   std::vector<double> gradient_;
   std::vector<double> shifted_;
   Vector plus_, minus_;

@@ -59,7 +59,8 @@ struct Lsfit2Options {
   double relative_tolerance = 1e-12;
   double absolute_tolerance = 1e-24;
   double initial_lambda = 1e-3;
-  // Relative step of the central differences: h = step * max(|p|, 1).
+  // Relative step of the central differences: h = step * max(|p|, |start|), with 1 in
+  // place of a start of 0.
   double derivative_step = 1e-6;
 };
 

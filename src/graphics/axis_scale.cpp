@@ -39,12 +39,37 @@ double nice_step(double raw) {
   return nice * magnitude;
 }
 
+// The step below `step` in the sequence 1, 2, 5 times a power of ten.
+double smaller_nice_step(double step) {
+  const double magnitude = std::pow(10.0, std::floor(std::log10(step) + 1e-9));
+  const double norm = std::round(step / magnitude);
+  return norm >= 5 ? 2 * magnitude : norm >= 2 ? magnitude : 0.5 * magnitude;
+}
+
+// The number of multiples of `step` in [low, high].
+double multiples_within(double low, double high, double step) {
+  return std::floor(high / step + 1e-9) - std::ceil(low / step - 1e-9) + 1;
+}
+
+// The automatic step: aims at max_labels / 1.5 intervals (1 to 6). When that leaves
+// fewer than three labels, finer steps are taken as long as the labels stay at least
+// kCrowding times closer than max_labels asks.
+double automatic_step(double low, double high, double max_labels) {
+  const double span = high - low;
+  double step = nice_step(span / std::clamp(max_labels / 1.5, 1.0, 6.0));
+  const double finest = span / (kCrowding * max_labels);
+  for (int i = 0; i < 8 && multiples_within(low, high, step) < 3; ++i) {
+    const double finer = smaller_nice_step(step);
+    if (!(finer >= finest)) break;
+    step = finer;
+  }
+  return step;
+}
+
 void linear_ticks(AxisScale& a, std::optional<double> given_step, double max_labels) {
   const double span = a.high - a.low;
   double step = given_step.value_or(0);
-  if (!(step > 0) || span / step > kMaxTicks) {
-    step = nice_step(span / std::clamp(max_labels / 1.5, 1.0, 6.0));
-  }
+  if (!(step > 0) || span / step > kMaxTicks) step = automatic_step(a.low, a.high, max_labels);
   const double largest = std::max(std::abs(a.low), std::abs(a.high));
   const double first = std::ceil(a.low / step - 1e-9);
   for (int i = 0; i < kMaxTicks; ++i) {

@@ -56,10 +56,17 @@ struct AxisScale {
 };
 
 inline constexpr int kMaxTicks = 200;
+// How much closer than `max_labels` asks the labels of a short linear axis may stand so
+// that it shows three of them (-1, 0 and 1 rather than 0 alone).
+inline constexpr double kCrowding = 1.7;
 
 // The scale of an axis with `axis_spec` over `data`. `max_labels` is how many tick labels
-// fit along the axis: the automatic step then aims at at most that many (and at 6 when
-// more fit), and a log axis labels every n-th decade so as to stay within it.
+// fit along the axis at a comfortable spacing: the automatic step then aims at at most
+// that many (and at 6 when more fit), and a log axis labels every n-th decade so as to
+// stay within it. An automatic linear step that leaves fewer than three labels is made
+// finer (2 to 1, 5 to 2, 1 to 0.5) as long as the step stays at least
+// span / (kCrowding * max_labels), i.e. the labels at least 1 / kCrowding of that spacing
+// apart.
 AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels = 10);
 
 // A tick label: fixed notation when the axis's values lie within 1e-4 and 1e6, else

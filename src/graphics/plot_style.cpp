@@ -19,7 +19,8 @@ constexpr Entry<Place> kPlaces[] = {{Place::kNone, "NONE"},
                                     {Place::kTopLeft, "TOPLEFT"},
                                     {Place::kTopRight, "TOPRIGHT"},
                                     {Place::kBottomLeft, "BOTTOMLEFT"},
-                                    {Place::kBottomRight, "BOTTOMRIGHT"}};
+                                    {Place::kBottomRight, "BOTTOMRIGHT"},
+                                    {Place::kBelow, "BELOW"}};
 constexpr Entry<Symbol> kSymbols[] = {{Symbol::kNone, "NONE"},
                                       {Symbol::kAuto, "AUTO"},
                                       {Symbol::kCircle, "CIRCLE"},

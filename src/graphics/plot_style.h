@@ -11,7 +11,8 @@
 namespace tidemark::graphics {
 
 enum class Scale { kLinear, kLog };
-enum class Place { kNone, kTopLeft, kTopRight, kBottomLeft, kBottomRight };
+// A legend's corner of the plot area, or a row of entries below the panel's x label.
+enum class Place { kNone, kTopLeft, kTopRight, kBottomLeft, kBottomRight, kBelow };
 enum class Symbol {
   kNone,
   kAuto,

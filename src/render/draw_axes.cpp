@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <string>
+
 #include "render/draw_parts.h"
 #include "render/draw_style.h"
 #include "render/text.h"
@@ -9,6 +12,7 @@ namespace {
 constexpr std::uint32_t kGridColour = 0xE4E4E4;
 constexpr std::uint32_t kFrameColour = 0x333333;
 constexpr double kMinorTick = 2.5;
+constexpr double kSmallestYLabel = 0.8;
 
 void draw_grid(cairo_t* cr, const Frame& f) {
   // Grid lines at the major ticks and at the labelled minor ones (2 and 5 on a short
@@ -65,6 +69,25 @@ double draw_tick_labels(cairo_t* cr, const Frame& f, const RenderOptions& o) {
   return x_baseline + e.descent;
 }
 
+// The y label turned up the left side, centred on the plot area, its baseline where a
+// label of full size has it. A label longer than the area is tall is set smaller, down
+// to kSmallestYLabel of its size, and what still does not fit is cut with an ellipsis,
+// so that it never runs into the neighbouring panels.
+void draw_y_label(cairo_t* cr, const Frame& f, const std::string& label, const RenderOptions& o,
+                  double baseline) {
+  use_font(cr, o, Role::kLabel);
+  const double full = text_width(cr, label);
+  if (full > f.height) {
+    cairo_set_font_size(cr,
+                        font_points(o, Role::kLabel) * std::max(kSmallestYLabel, f.height / full));
+  }
+  cairo_save(cr);
+  cairo_translate(cr, baseline, f.top + f.height / 2);
+  cairo_rotate(cr, -1.5707963267948966);
+  draw_text(cr, 0, 0, shortened_to(cr, label, f.height), graphics::Align::kCenter);
+  cairo_restore(cr);
+}
+
 void draw_axis_labels(cairo_t* cr, const Frame& f, const graphics::Panel& p, const RenderOptions& o,
                       double below_ticks) {
   use_font(cr, o, Role::kLabel);
@@ -73,12 +96,7 @@ void draw_axis_labels(cairo_t* cr, const Frame& f, const graphics::Panel& p, con
   cairo_set_source_rgb(cr, 0, 0, 0);
   draw_text(cr, f.left + f.width / 2, below_ticks + kGap + e.ascent, p.x_axis.label,
             graphics::Align::kCenter);
-  if (p.y_axis.label.empty()) return;
-  cairo_save(cr);
-  cairo_translate(cr, kOuterMargin + e.ascent, f.top + f.height / 2);
-  cairo_rotate(cr, -1.5707963267948966);
-  draw_text(cr, 0, 0, p.y_axis.label, graphics::Align::kCenter);
-  cairo_restore(cr);
+  if (!p.y_axis.label.empty()) draw_y_label(cr, f, p.y_axis.label, o, kOuterMargin + e.ascent);
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ void draw_series(cairo_t* cr, const Frame& f, const graphics::Series& series);
 void draw_marks(cairo_t* cr, const Frame& f, const graphics::Panel& panel,
                 const RenderOptions& options);
 
-// The legend of the named series in the panel's legend corner.
+// The legend of the named series: in a box in the panel's legend corner, or in rows
+// under its x label (BELOW).
 void draw_legend(cairo_t* cr, const Frame& f, const graphics::Panel& panel,
                  const RenderOptions& options);
 

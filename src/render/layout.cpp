@@ -1,8 +1,10 @@
 #include "render/layout.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "graphics/panel_extent.h"
+#include "render/legend_rows.h"
 #include "render/text.h"
 
 namespace tidemark::render {
@@ -23,13 +25,27 @@ double role_height(cairo_t* cr, const RenderOptions& o, Role role) {
   return line_height(cr);
 }
 
-}  // namespace
+// Everything of a page but the plot areas' heights: the page's own lines, the shared
+// left and right edges of the plot areas, and each panel's lines above and below its
+// plot area.
+struct Skeleton {
+  PageLayout page{};
+  double first_top = 0;    // of the first panel's title line
+  double bottom_room = 0;  // below the last panel: the margin and the page texts' line
+  double label_h = 0;      // the x label's line
+  double tick_h = 0;       // the x tick labels' line
+  double panel_title_h = 0;
+  std::vector<double> overheads{};  // per panel: its height besides the plot area
+  std::vector<double> legend_heights{};
+  double widest_x = 0;
+};
 
-PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
-  PageLayout page;
-  const double tick_h = role_height(cr, o, Role::kTick);
-  const double label_h = role_height(cr, o, Role::kLabel);
-  const double panel_title_h = role_height(cr, o, Role::kPanelTitle);
+Skeleton measure(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
+  Skeleton s;
+  PageLayout& page = s.page;
+  s.tick_h = role_height(cr, o, Role::kTick);
+  s.label_h = role_height(cr, o, Role::kLabel);
+  s.panel_title_h = role_height(cr, o, Role::kPanelTitle);
   const double page_title_h = role_height(cr, o, Role::kPageTitle);
   const double note_h = role_height(cr, o, Role::kNote);
 
@@ -48,46 +64,78 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
     }
     top += kGap;
   }
-  const double bottom = o.height - kOuterMargin - (plot.page_texts.empty() ? 0 : note_h + kGap);
+  s.first_top = top;
+  s.bottom_room = kOuterMargin + (plot.page_texts.empty() ? 0 : note_h + kGap);
 
-  // Scales first: their tick labels set the left margin and the panels' overheads.
+  // Scales first: their tick labels set the left margin.
   use_font(cr, o, Role::kTick);
-  double widest_y = 0, widest_x = 0, overhead = 0, weights = 0;
+  double widest_y = 0;
   bool any_y_label = false;
   for (const Panel& p : plot.panels) {
     const graphics::PanelExtent extent = graphics::panel_extent(p);
     Frame f{.x = graphics::make_axis_scale(p.x_axis, extent.x),
             .y = graphics::make_axis_scale(p.y_axis, extent.y)};
     widest_y = std::max(widest_y, widest_label(cr, f.y));
-    widest_x = std::max(widest_x, widest_label(cr, f.x));
+    s.widest_x = std::max(s.widest_x, widest_label(cr, f.x));
     any_y_label = any_y_label || !p.y_axis.label.empty();
-    overhead += (p.title.empty() ? 0 : panel_title_h + kGap) + kTickLength + kGap + tick_h +
-                (p.x_axis.label.empty() ? 0 : label_h + kGap) + kGap;
-    weights += p.height;
     page.frames.push_back(std::move(f));
   }
-
   const double left =
-      kOuterMargin + (any_y_label ? label_h + kGap : 0) + widest_y + kGap + kTickLength;
-  const double right = o.width - kOuterMargin - widest_x / 2;
+      kOuterMargin + (any_y_label ? s.label_h + kGap : 0) + widest_y + kGap + kTickLength;
+  const double width = std::max(1.0, o.width - kOuterMargin - s.widest_x / 2 - left);
   page.notes_left = plot.panels.empty() ? kOuterMargin : left;
-  const double plot_heights = std::max(0.0, bottom - top - overhead);
   for (std::size_t i = 0; i < plot.panels.size(); ++i) {
     const Panel& p = plot.panels[i];
-    Frame& f = page.frames[i];
-    if (!p.title.empty()) top += panel_title_h + kGap;
-    f.left = left;
+    page.frames[i].left = left;
+    page.frames[i].width = width;
+    const double legend =
+        p.legend == graphics::Place::kBelow ? legend_rows(cr, p, o, width).height() : 0;
+    s.legend_heights.push_back(legend);
+    s.overheads.push_back((p.title.empty() ? 0 : s.panel_title_h + kGap) + kTickLength + kGap +
+                          s.tick_h + (p.x_axis.label.empty() ? 0 : s.label_h + kGap) + kGap +
+                          (legend > 0 ? legend + 2 * kGap : 0));
+  }
+  return s;
+}
+
+double sum(const std::vector<double>& v) {
+  return std::accumulate(v.begin(), v.end(), 0.0);
+}
+
+}  // namespace
+
+PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
+  Skeleton s = measure(cr, plot, o);
+  double weights = 0;
+  for (const Panel& p : plot.panels) weights += p.height;
+  const double plot_heights =
+      std::max(0.0, o.height - s.bottom_room - s.first_top - sum(s.overheads));
+  double top = s.first_top;
+  for (std::size_t i = 0; i < plot.panels.size(); ++i) {
+    const Panel& p = plot.panels[i];
+    Frame& f = s.page.frames[i];
+    if (!p.title.empty()) top += s.panel_title_h + kGap;
     f.top = top;
-    f.width = std::max(1.0, right - left);
     f.height = std::max(1.0, plot_heights * p.height / weights);
     // Now that the area's size is known, as many tick labels as fit without crowding.
     const graphics::PanelExtent extent = graphics::panel_extent(p);
-    f.x = graphics::make_axis_scale(p.x_axis, extent.x, f.width / (widest_x + 4 * kGap));
-    f.y = graphics::make_axis_scale(p.y_axis, extent.y, f.height / (1.7 * tick_h));
-    top += f.height + kTickLength + kGap + tick_h + (p.x_axis.label.empty() ? 0 : label_h + kGap) +
-           kGap;
+    f.x = graphics::make_axis_scale(p.x_axis, extent.x, f.width / (s.widest_x + 4 * kGap));
+    f.y = graphics::make_axis_scale(p.y_axis, extent.y, f.height / (1.7 * s.tick_h));
+    top += f.height + kTickLength + kGap + s.tick_h +
+           (p.x_axis.label.empty() ? 0 : s.label_h + kGap) + kGap;
+    f.legend_top = top;
+    if (s.legend_heights[i] > 0) top += s.legend_heights[i] + 2 * kGap;
   }
-  return page;
+  return s.page;
+}
+
+double grown_page_height(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
+  const Skeleton s = measure(cr, plot, o);
+  double weights = 0;
+  for (const Panel& p : plot.panels) weights += p.height;
+  const double needed =
+      s.first_top + sum(s.overheads) + kLeastPlotHeight * o.font_size * weights + s.bottom_room;
+  return std::max(o.height, std::min(needed, tallest_page(o)));
 }
 
 }  // namespace tidemark::render

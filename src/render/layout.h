@@ -21,6 +21,7 @@ struct Frame {
   double height = 0;
   graphics::AxisScale x{};
   graphics::AxisScale y{};
+  double legend_top = 0;  // of a legend below the panel: under the x label's line
 
   // Page coordinates of data values; values outside the axis range map outside the area.
   double px(double v) const { return left + x.fraction(v) * width; }
@@ -40,11 +41,23 @@ struct PageLayout {
 inline constexpr double kOuterMargin = 14;
 inline constexpr double kTickLength = 4;
 inline constexpr double kGap = 5;
+// The least height of the plot areas per unit of panel HEIGHT, in font sizes: 110 pt
+// at the default 11 pt, room for about ten tick labels.
+inline constexpr double kLeastPlotHeight = 10;
 
 // Lays out `plot` on a page of options.width x options.height points; `cr` measures
 // the text. The notes take one line each (ascent + descent of the note font) between
 // the page title and the first panel, and a gap below the last, so the panels share
-// what is left of the height.
+// what is left of the height in proportion to their HEIGHT. A panel's lines besides
+// its plot area: its title and a gap, the ticks, a gap, the tick labels, the x label
+// and a gap, a gap, and the rows of a legend below it with two gaps.
 PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& options);
+
+// The height of the page `plot` is drawn on: options.height, or more when its plot
+// areas would be less than kLeastPlotHeight font sizes tall per unit of HEIGHT, then
+// just tall enough for that (the page's own lines + the panels' lines +
+// kLeastPlotHeight x font size x the sum of the HEIGHTs), though never beyond
+// tallest_page(options). A page of one or two panels keeps the height it is given.
+double grown_page_height(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& options);
 
 }  // namespace tidemark::render

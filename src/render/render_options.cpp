@@ -1,16 +1,30 @@
 #include "render/render_options.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "core/text.h"
 
 namespace tidemark::render {
 
+namespace {
+
+constexpr double kLargestSide = 14400;  // points
+constexpr double kMostPixels = 1e8;
+
+}  // namespace
+
 bool options_valid(const RenderOptions& o) {
   const auto within = [](double v, double low, double high) { return v >= low && v <= high; };
   const double pixels = (o.width * o.dpi / 72) * (o.height * o.dpi / 72);
-  return within(o.width, 72, 14400) && within(o.height, 72, 14400) && within(o.dpi, 36, 1200) &&
-         pixels <= 1e8 && within(o.font_size, 4, 48) && !o.font.empty();
+  return within(o.width, 72, kLargestSide) && within(o.height, 72, kLargestSide) &&
+         within(o.dpi, 36, 1200) && pixels <= kMostPixels && within(o.font_size, 4, 48) &&
+         !o.font.empty();
+}
+
+double tallest_page(const RenderOptions& o) {
+  const double pixels_per_point = o.dpi / 72;
+  return std::min(kLargestSide, kMostPixels / (o.width * pixels_per_point) / pixels_per_point);
 }
 
 std::optional<Format> format_named(std::string_view name_or_file) {

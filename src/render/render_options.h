@@ -20,6 +20,9 @@ struct RenderOptions {
 // pixels, fonts of 4 to 48 points.
 bool options_valid(const RenderOptions& options);
 
+// The greatest page height within those limits for the options' width and resolution.
+double tallest_page(const RenderOptions& options);
+
 enum class Format { kPng, kSvg, kPdf, kPs, kEps };
 
 // The format a file name's extension names (".png", ".svg", ".pdf", ".ps", ".eps"),

@@ -52,6 +52,23 @@ Surface make_surface(Format format, const RenderOptions& o, std::string* out) {
   return nullptr;
 }
 
+cairo_status_t discard_bytes(void*, const unsigned char*, unsigned int) {
+  return CAIRO_STATUS_SUCCESS;
+}
+
+// The page `plot` needs, measured on a surface that sets text like the one of `format`:
+// bitmaps hinted at their resolution, the vector formats unhinted as an SVG file is.
+RenderOptions grown_page(const graphics::Plot& plot, Format format, const RenderOptions& o) {
+  Surface scratch(format == Format::kPng
+                      ? cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1)
+                      : cairo_svg_surface_create_for_stream(discard_bytes, nullptr, 1, 1));
+  Context cr(cairo_create(scratch.get()));
+  if (format == Format::kPng) cairo_scale(cr.get(), o.dpi / 72, o.dpi / 72);
+  RenderOptions grown = o;
+  grown.height = grown_page_height(cr.get(), plot, o);
+  return grown;
+}
+
 void draw_page_texts(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
   use_font(cr, o, Role::kNote);
   cairo_set_source_rgb(cr, 0.27, 0.27, 0.27);
@@ -92,12 +109,17 @@ void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& opt
   cairo_restore(cr);
 }
 
-Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& options) {
+double page_height(const graphics::Plot& plot, const RenderOptions& options) {
+  return grown_page(plot, Format::kSvg, options).height;
+}
+
+Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& given) {
   Rendered r;
-  if (!options_valid(options)) {
+  if (!options_valid(given)) {
     r.message = "graph view settings out of range (page size, resolution or font size)";
     return r;
   }
+  const RenderOptions options = grown_page(plot, format, given);
   Surface surface = make_surface(format, options, &r.bytes);
   Context cr(cairo_create(surface.get()));
   if (format == Format::kPng) cairo_scale(cr.get(), options.dpi / 72, options.dpi / 72);

@@ -1,7 +1,8 @@
 #pragma once
 // Draws a graph with cairo: onto a context the caller owns (the desktop graph view), or
 // into the bytes of a PNG, SVG, PDF, PostScript or EPS file. Every format comes from
-// the same drawing code, on a page of options.width x options.height points.
+// the same drawing code, on a page options.width points wide and options.height tall,
+// or taller when the graph has many panels (page_height).
 //
 //   const render::Rendered r = render::render(parsed.plot, render::Format::kPng, options);
 //   if (r.ok) core::replace_file("graph.png", r.bytes);
@@ -15,8 +16,13 @@
 namespace tidemark::render {
 
 // Draws `plot` on `cr`, whose user space is the page in points (0,0 at the top left).
-// The background is left as it is.
+// The background is left as it is. The page is options.height tall; a view that shows
+// the whole graph asks page_height() first.
 void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& options);
+
+// The height of the page of `plot`: options.height, or more for a page of many panels
+// so that each plot area keeps a legible height (see grown_page_height in layout.h).
+double page_height(const graphics::Plot& plot, const RenderOptions& options);
 
 struct Rendered {
   bool ok = false;
@@ -24,8 +30,8 @@ struct Rendered {
   std::string bytes{};    // the file's contents
 };
 
-// The file of `plot` in `format` on a white page. Fails, with a message, when the
-// options are outside their limits or cairo reports an error.
+// The file of `plot` in `format` on a white page of page_height() points. Fails, with a message,
+// when the options are outside their limits or cairo reports an error.
 Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& options);
 
 }  // namespace tidemark::render

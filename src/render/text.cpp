@@ -89,6 +89,23 @@ double text_width(cairo_t* cr, std::string_view text) {
   return e.x_advance;
 }
 
+std::string shortened_to(cairo_t* cr, std::string_view text, double width) {
+  if (text_width(cr, text) <= width) return std::string(text);
+  static constexpr std::string_view kEllipsis = "…";
+  std::string_view kept = text;
+  while (!kept.empty()) {
+    // Drop one character: its continuation bytes, then its lead byte.
+    while (!kept.empty() && (static_cast<unsigned char>(kept.back()) & 0xC0) == 0x80) {
+      kept.remove_suffix(1);
+    }
+    if (!kept.empty()) kept.remove_suffix(1);
+    while (!kept.empty() && kept.back() == ' ') kept.remove_suffix(1);
+    const std::string candidate = std::string(kept) + std::string(kEllipsis);
+    if (text_width(cr, candidate) <= width) return candidate;
+  }
+  return text_width(cr, kEllipsis) <= width ? std::string(kEllipsis) : std::string();
+}
+
 double line_height(cairo_t* cr) {
   cairo_font_extents_t e;
   cairo_font_extents(cr, &e);

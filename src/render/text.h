@@ -3,6 +3,7 @@
 // titles, the page title and notes. Sizes follow RenderOptions::font_size.
 #include <cairo.h>
 
+#include <string>
 #include <string_view>
 
 #include "graphics/plot_style.h"
@@ -20,6 +21,11 @@ double font_points(const RenderOptions& options, Role role);
 
 // Width of `text` in the current font.
 double text_width(cairo_t* cr, std::string_view text);
+
+// `text` if it is at most `width` wide in the current font, else its longest beginning
+// (whole characters, trailing blanks dropped) that fits with "…" after it; "" when not
+// even "…" fits.
+std::string shortened_to(cairo_t* cr, std::string_view text, double width);
 
 // Height of a line in the current font (ascent + descent).
 double line_height(cairo_t* cr);

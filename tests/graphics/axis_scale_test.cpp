@@ -103,6 +103,48 @@ TEST(AxisScale, RangesAndTickLabelsFollowTheRules) {
   }
 }
 
+struct ShortAxisCase {
+  const char* what;
+  AxisSpec axis_spec;
+  std::vector<double> data;
+  double max_labels;
+  std::vector<std::string> labels;
+};
+
+// Axes with room for few labels. The working: the automatic step aims at max_labels / 1.5
+// intervals (at least 1); with fewer than three labels it goes down the 1-2-5 sequence
+// while it stays at least span / (1.7 * max_labels).
+const ShortAxisCase kShortCases[] = {
+    // -1..1 with room for 1.5: 2 / 1 -> step 2, "0" alone; finest 2 / 2.55 = 0.78, so
+    // step 1 gives -1, 0, 1.
+    {"correlation axis", {.low = -1.0, .high = 1.0}, {}, 1.5, {"-1", "0", "1"}},
+    // room for 0.5: finest 2 / 0.85 = 2.35 > 1, so "0" stays alone (labels would overlap).
+    {"too short for three", {.low = -1.0, .high = 1.0}, {}, 0.5, {"0"}},
+    // 1.7..5.6 widened by 0.156: span 4.212; room for 2.8: 4.212 / 1.87 = 2.26 -> step 2
+    // gives 2 and 4; finest 4.212 / 4.76 = 0.885 <= 1: step 1.
+    {"concentration", {}, {1.7, 5.6}, 2.8, {"2", "3", "4", "5"}},
+    // room for 2: finest 4.212 / 3.4 = 1.24 > 1: 2 and 4 stay.
+    {"concentration, less room", {}, {1.7, 5.6}, 2.0, {"2", "4"}},
+    // 0..100 fixed, room for 1.2: 100 / 1 -> step 100 gives 0 and 100; finest
+    // 100 / 2.04 = 49 <= 50: step 50. With room for 1, finest 58.8 > 50: 0 and 100 stay.
+    {"percent", {.low = 0.0, .high = 100.0}, {}, 1.2, {"0", "50", "100"}},
+    {"percent, less room", {.low = 0.0, .high = 100.0}, {}, 1.0, {"0", "100"}},
+    // a step given in the source is kept even when it leaves two labels.
+    {"given step", {.low = 0.0, .high = 1.0, .tick_step = 1.0}, {}, 1.5, {"0", "1"}},
+};
+
+TEST(AxisScale, ShortLinearAxisShowsThreeLabelsWhenTheyFit) {
+  for (const ShortAxisCase& c : kShortCases) {
+    Extent extent(c.axis_spec.scale);
+    for (double v : c.data) extent.add(v);
+    std::vector<std::string> labels;
+    for (const Tick& t : make_axis_scale(c.axis_spec, extent, c.max_labels).ticks) {
+      labels.push_back(t.label);
+    }
+    EXPECT_EQ(labels, c.labels) << c.what;
+  }
+}
+
 TEST(AxisScale, FractionIsLinearInTheValueOrItsLogarithm) {
   const AxisScale lin{Scale::kLinear, 10, 20, {}};
   const AxisScale log{Scale::kLog, 1, 100, {}};

@@ -19,6 +19,7 @@ std::string xapen_graph(const XApEnReport& report, const data::DataSet& a, const
   w.panel(kXApEnGraphTitle);
   w.x_axis({.label = "Lag (samples)"});
   w.y_axis({.label = "Matches"});
+  w.legend(graphics::Place::kBelow);
   w.series("m=0", {.line = graphics::Dash::kSolid, .steps = true}, lags, first);
   w.begin_option(kShowSecondLength, graphics::When::kChecked, true);
   w.series("m=1", {.line = graphics::Dash::kDash, .steps = true}, lags, second);

@@ -1,8 +1,8 @@
 #pragma once
 // The X_ApEn graph: a page titled "TIME BETWEEN MATCHES" whose first panel draws the
 // number of matches against the lag j - i (in samples) for templates of length 1 ("m=0")
-// and 2 ("m=1"), the second under the option "Show m=1 Matches"; below it one panel per
-// series with the options every mode's graph shares.
+// and 2 ("m=1"), the second under the option "Show m=1 Matches", with their legend under
+// the lag axis; below it one panel per series with the options every mode's graph shares.
 #include <string>
 
 #include "data/dataset.h"

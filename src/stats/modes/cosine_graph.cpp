@@ -34,7 +34,9 @@ void write_scan(graphics::PlotWriter& w, const CosineGraph& graph) {
   }
   w.panel("Period Scan", 0.6);
   w.x_axis({.label = "Trial Period"});
-  w.y_axis({.label = "% Variance Remaining", .low = 0.0, .high = 100.0});
+  // 0 to 100 % with the margin of an automatic axis (4 % of the span each side), so that
+  // points at 0 and at the cap of 100 are drawn whole rather than cut by the frame.
+  w.y_axis({.label = "% Variance Remaining", .low = -4.0, .high = 104.0});
   if (!period.empty()) {
     w.series("Scan", {.symbol = graphics::Symbol::kCircle, .line = graphics::Dash::kSolid}, period,
              percent);

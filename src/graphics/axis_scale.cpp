@@ -105,6 +105,18 @@ void log_ticks(AxisScale& a, double max_labels) {
   }
 }
 
+// Raises the top of `a` so that at least the fraction `headroom` (at most a half) of the
+// axis lies above `top`: top <= high - h (high - low), i.e. high >= (top - h low) / (1 - h),
+// in log10 of the values on a log axis.
+void keep_free_above(AxisScale& a, double top, double headroom) {
+  const double h = std::clamp(headroom, 0.0, 0.5);
+  if (!(h > 0)) return;
+  const bool log = a.scale == Scale::kLog;
+  const auto to_axis = [log](double v) { return log ? std::log10(v) : v; };
+  const double high = (to_axis(top) - h * to_axis(a.low)) / (1 - h);
+  if (high > to_axis(a.high)) a.high = log ? std::pow(10.0, high) : high;
+}
+
 }  // namespace
 
 bool drawable_on(Scale scale, double v) {
@@ -136,7 +148,8 @@ std::string tick_label(double v, double step, double largest) {
   return fmt::format("{:.{}f}×10{}", v / scale, decimals_for(step / scale), superscript(e));
 }
 
-AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels) {
+AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels,
+                          double headroom) {
   AxisScale a;
   a.scale = axis_spec.scale;
   Extent fixed(axis_spec.scale);
@@ -144,7 +157,9 @@ AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double 
     fixed.add(*axis_spec.low);
     fixed.add(*axis_spec.high);
   }
-  if (!fixed.empty() && fixed.low() < fixed.high() && std::isfinite(fixed.high() - fixed.low())) {
+  const bool automatic =
+      fixed.empty() || !(fixed.low() < fixed.high()) || !std::isfinite(fixed.high() - fixed.low());
+  if (!automatic) {
     a.low = *axis_spec.low;
     a.high = *axis_spec.high;
   } else if (axis_spec.scale == Scale::kLog) {
@@ -165,6 +180,7 @@ AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double 
       a.high += pad;
     }
   }
+  if (automatic && !data.empty()) keep_free_above(a, data.high(), headroom);
   if (a.scale == Scale::kLog) {
     log_ticks(a, max_labels);
   } else {

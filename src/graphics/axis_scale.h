@@ -67,7 +67,12 @@ inline constexpr double kCrowding = 1.7;
 // finer (2 to 1, 5 to 2, 1 to 0.5) as long as the step stays at least
 // span / (kCrowding * max_labels), i.e. the labels at least 1 / kCrowding of that spacing
 // apart.
-AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels = 10);
+//
+// `headroom` is the fraction of an automatic axis (at most a half) kept free above the
+// data, raising its top when the padding leaves less: room for the labels of vertical
+// markers, which stand at the top of the plot area.
+AxisScale make_axis_scale(const AxisSpec& axis_spec, const Extent& data, double max_labels = 10,
+                          double headroom = 0);
 
 // A tick label: fixed notation when the axis's values lie within 1e-4 and 1e6, else
 // "m×10ⁿ"; `step` sets the decimals shown.

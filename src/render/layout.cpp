@@ -13,6 +13,8 @@ namespace {
 
 using graphics::Panel;
 
+constexpr double kMarkerSymbolClear = 3;  // half a default symbol and a little
+
 double widest_label(cairo_t* cr, const graphics::AxisScale& a) {
   double w = 0;
   for (const graphics::Tick& t : a.ticks) w = std::max(w, text_width(cr, t.label));
@@ -38,6 +40,9 @@ struct Skeleton {
   std::vector<double> overheads{};  // per panel: its height besides the plot area
   std::vector<double> legend_heights{};
   double widest_x = 0;
+  // Kept free above the data of an automatic y axis when markers have labels: their
+  // line (a note line, 1 pt below the frame) and half a symbol.
+  double marker_label_room = 0;
 };
 
 Skeleton measure(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
@@ -48,6 +53,7 @@ Skeleton measure(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o
   s.panel_title_h = role_height(cr, o, Role::kPanelTitle);
   const double page_title_h = role_height(cr, o, Role::kPageTitle);
   const double note_h = role_height(cr, o, Role::kNote);
+  s.marker_label_room = note_h + 1 + kMarkerSymbolClear;
 
   double top = kOuterMargin;
   if (!plot.title.empty()) {
@@ -98,6 +104,11 @@ Skeleton measure(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o
   return s;
 }
 
+bool has_marker_labels(const Panel& p) {
+  return std::any_of(p.markers.begin(), p.markers.end(),
+                     [](const graphics::Marker& m) { return !m.label.empty(); });
+}
+
 double sum(const std::vector<double>& v) {
   return std::accumulate(v.begin(), v.end(), 0.0);
 }
@@ -120,7 +131,8 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
     // Now that the area's size is known, as many tick labels as fit without crowding.
     const graphics::PanelExtent extent = graphics::panel_extent(p);
     f.x = graphics::make_axis_scale(p.x_axis, extent.x, f.width / (s.widest_x + 4 * kGap));
-    f.y = graphics::make_axis_scale(p.y_axis, extent.y, f.height / (1.7 * s.tick_h));
+    f.y = graphics::make_axis_scale(p.y_axis, extent.y, f.height / (1.7 * s.tick_h),
+                                    has_marker_labels(p) ? s.marker_label_room / f.height : 0);
     top += f.height + kTickLength + kGap + s.tick_h +
            (p.x_axis.label.empty() ? 0 : s.label_h + kGap) + kGap;
     f.legend_top = top;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -142,6 +143,35 @@ TEST(AxisScale, ShortLinearAxisShowsThreeLabelsWhenTheyFit) {
       labels.push_back(t.label);
     }
     EXPECT_EQ(labels, c.labels) << c.what;
+  }
+}
+
+struct HeadroomCase {
+  const char* what;
+  AxisSpec axis_spec;
+  std::vector<double> data;
+  double headroom, low, high;
+};
+
+// The top is raised to (top - h low) / (1 - h) when the padding leaves less than the
+// fraction h above the data (in log10 on a log axis); worked by hand.
+const HeadroomCase kHeadroomCases[] = {
+    // 0..100 padded to -4..104; (100 + 0.2 * 4) / 0.8 = 126.
+    {"linear", {}, {0, 100}, 0.2, -4, 126},
+    // (100 + 0.02 * 4) / 0.98 = 102.1 < 104: the padding is room enough.
+    {"padding suffices", {}, {0, 100}, 0.02, -4, 104},
+    // 1..50 rounded out to 1..100; log10(50) / 0.75 = 2.2653, 10^2.2653 = 184.2.
+    {"log", {.scale = Scale::kLog}, {1, 50}, 0.25, 1, std::pow(50.0, 1 / 0.75)},
+    {"fixed range", {.low = 0.0, .high = 100.0}, {0, 100}, 0.3, 0, 100},
+};
+
+TEST(AxisScale, HeadroomRaisesTheTopOfAnAutomaticAxisOnly) {
+  for (const HeadroomCase& c : kHeadroomCases) {
+    Extent extent(c.axis_spec.scale);
+    for (double v : c.data) extent.add(v);
+    const AxisScale a = make_axis_scale(c.axis_spec, extent, 10, c.headroom);
+    EXPECT_NEAR(a.low, c.low, 1e-9) << c.what;
+    EXPECT_NEAR(a.high, c.high, 1e-9 * c.high) << c.what;
   }
 }
 

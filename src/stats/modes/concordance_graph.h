@@ -1,9 +1,10 @@
 #pragma once
 // The Concordance graph: a page titled "Monte-Carlo Concordance" whose first panel
 // shows the event times of series A (at y = 1) and B (at y = 0) as red markers under
-// "Show Secretion Events" and a segment from each A event to the B event it coincides
-// with under "Show Coincidences"; below it one panel per series with the options every
-// mode's graph shares, its events as position markers.
+// "Show Secretion Events", each row named by its series, and a segment from each A event
+// to the B event it coincides with under "Show Coincidences"; below it one panel per
+// series with the options every mode's graph shares, its events as position markers.
+// All three panels share one time axis, so an event lines up with its series.
 #include <string>
 #include <string_view>
 

@@ -1,12 +1,17 @@
 #include "stats/modes/correlation_series_panel.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 
+#include "core/missing.h"
 #include "graphics/common_options.h"
 
 namespace tidemark::stats {
 
 namespace {
+
+constexpr double kTimePad = 0.04;  // of the span, each side: as an automatic axis
 
 // "a  vs. b", or nothing when both are empty.
 std::string both(const std::string& a, const std::string& b) {
@@ -14,9 +19,12 @@ std::string both(const std::string& a, const std::string& b) {
 }
 
 void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string_view file_names,
-                  std::string_view handles, double height, std::span<const double> positions) {
+                  std::string_view handles, double height, std::span<const double> positions,
+                  const TimeAxis& time_axis) {
   w.panel(set.handle.empty() ? set.file_name : set.handle, height);
-  w.x_axis({.label = set.headers[data::kX].empty() ? "TIME" : set.headers[data::kX]});
+  w.x_axis({.label = set.headers[data::kX].empty() ? "TIME" : set.headers[data::kX],
+            .low = time_axis.low,
+            .high = time_axis.high});
   graphics::write_common_options(w, {.file_name = file_names,
                                      .handle = set.handle,
                                      .handle_text = handles,
@@ -28,13 +36,29 @@ void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string
 
 }  // namespace
 
+TimeAxis shared_time_axis(const data::DataSet& a, const data::DataSet& b) {
+  double low = 0, high = 0;
+  bool any = false;
+  for (const data::DataSet* set : {&a, &b}) {
+    for (const float t : set->x()) {
+      if (core::is_missing(t) || !std::isfinite(t)) continue;
+      low = any ? std::min<double>(low, t) : t;
+      high = any ? std::max<double>(high, t) : t;
+      any = true;
+    }
+  }
+  if (!(high > low)) return {};
+  const double pad = kTimePad * (high - low);
+  return {low - pad, high + pad};
+}
+
 void series_panels(graphics::PlotWriter& w, const data::DataSet& a, const data::DataSet& b,
                    double height, std::span<const double> a_positions,
-                   std::span<const double> b_positions) {
+                   std::span<const double> b_positions, const TimeAxis& time_axis) {
   const std::string file_names = both(a.file_name, b.file_name);
   const std::string handles = both(a.handle, b.handle);
-  series_panel(w, a, file_names, handles, height, a_positions);
-  series_panel(w, b, file_names, handles, height, b_positions);
+  series_panel(w, a, file_names, handles, height, a_positions, time_axis);
+  series_panel(w, b, file_names, handles, height, b_positions, time_axis);
 }
 
 }  // namespace tidemark::stats

@@ -18,6 +18,8 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path kStyles = fs::path(TIDEMARK_TEST_DATA) / "graphics" / "styles.grf";
+// One panel: its page keeps the size the settings give (a page of many panels grows).
+const fs::path kOnePanel = fs::path(TIDEMARK_TEST_DATA) / "graphics" / "pulse_series.grf";
 
 // A one-panel source whose three #123456 squares stand in an option block.
 constexpr const char* kOptionSource =
@@ -139,7 +141,7 @@ std::pair<int, int> png_size(const std::string& png) {
 TEST_F(GraphCommands, SettingsFileSetsThePageAndBadValuesAreReported) {
   const fs::path ini = fixture.session->folders().system / "grf_view.ini";
   std::ofstream(ini) << "; test\nWidth=360\nheight = 288\nDpi=72\nFont_Size=abc\nFormat=TIFF\n";
-  run({"LOAD_GRF " + quoted(kStyles), "SAVE_GRF_PNG " + quoted(dir / "small.png")});
+  run({"LOAD_GRF " + quoted(kOnePanel), "SAVE_GRF_PNG " + quoted(dir / "small.png")});
   // 360 x 288 points at 72 dpi: one pixel per point.
   EXPECT_EQ(png_size(Scratch::read(dir / "small.png")), std::make_pair(360, 288));
   EXPECT_TRUE(
@@ -151,7 +153,7 @@ TEST_F(GraphCommands, SettingsFileSetsThePageAndBadValuesAreReported) {
 }
 
 TEST_F(GraphCommands, AMissingSettingsFileIsWrittenWithTheDefaults) {
-  run({"LOAD_GRF " + quoted(kStyles), "SAVE_GRF_PNG " + quoted(dir / "default.png")});
+  run({"LOAD_GRF " + quoted(kOnePanel), "SAVE_GRF_PNG " + quoted(dir / "default.png")});
   const std::string ini = Scratch::read(fixture.session->folders().system / "grf_view.ini");
   EXPECT_NE(ini.find("Width=720\nHeight=540\nDpi=144\n"), std::string::npos) << ini;
   // 720 x 540 points at 144 dpi: two pixels per point.

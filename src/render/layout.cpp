@@ -39,6 +39,7 @@ struct Skeleton {
   double panel_title_h = 0;
   std::vector<double> overheads{};  // per panel: its height besides the plot area
   std::vector<double> legend_heights{};
+  double weights = 0;  // the sum of the panels' HEIGHTs
   double widest_x = 0;
   // Kept free above the data of an automatic y axis when markers have labels: their
   // line (a note line, 1 pt below the frame) and half a symbol.
@@ -97,6 +98,7 @@ Skeleton measure(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o
     const double legend =
         p.legend == graphics::Place::kBelow ? legend_rows(cr, p, o, width).height() : 0;
     s.legend_heights.push_back(legend);
+    s.weights += p.height;
     s.overheads.push_back((p.title.empty() ? 0 : s.panel_title_h + kGap) + kTickLength + kGap +
                           s.tick_h + (p.x_axis.label.empty() ? 0 : s.label_h + kGap) + kGap +
                           (legend > 0 ? legend + 2 * kGap : 0));
@@ -117,8 +119,6 @@ double sum(const std::vector<double>& v) {
 
 PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
   Skeleton s = measure(cr, plot, o);
-  double weights = 0;
-  for (const Panel& p : plot.panels) weights += p.height;
   const double plot_heights =
       std::max(0.0, o.height - s.bottom_room - s.first_top - sum(s.overheads));
   double top = s.first_top;
@@ -127,7 +127,7 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
     Frame& f = s.page.frames[i];
     if (!p.title.empty()) top += s.panel_title_h + kGap;
     f.top = top;
-    f.height = std::max(1.0, plot_heights * p.height / weights);
+    f.height = std::max(1.0, plot_heights * p.height / s.weights);
     // Now that the area's size is known, as many tick labels as fit without crowding.
     const graphics::PanelExtent extent = graphics::panel_extent(p);
     f.x = graphics::make_axis_scale(p.x_axis, extent.x, f.width / (s.widest_x + 4 * kGap));
@@ -143,10 +143,8 @@ PageLayout lay_out(cairo_t* cr, const graphics::Plot& plot, const RenderOptions&
 
 double grown_page_height(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& o) {
   const Skeleton s = measure(cr, plot, o);
-  double weights = 0;
-  for (const Panel& p : plot.panels) weights += p.height;
   const double needed =
-      s.first_top + sum(s.overheads) + kLeastPlotHeight * o.font_size * weights + s.bottom_room;
+      s.first_top + sum(s.overheads) + kLeastPlotHeight * o.font_size * s.weights + s.bottom_room;
   return std::max(o.height, std::min(needed, tallest_page(o)));
 }
 

@@ -14,7 +14,9 @@
 // Both methods start from the partner values sorted once and, for each query value, its
 // run of partners (stats/sorted_partners.h); the m = 1 count is the run's length.
 //   kRunScan: every partner in the run of query[i] is tested on its second and third
-//             values, four floats or two doubles at a time; O(N log N + Σ run lengths).
+//             values, eight floats or four doubles at a time where the processor has
+//             AVX2, else four or two; O(N log N + Σ run lengths).
+//   kRunScan16Bytes: the same with four floats or two doubles at a time everywhere.
 //   kBoxes:   the counts in rank space (stats/box_counts.h), O(N log^2 N) whatever r.
 //   kAdaptive picks the one expected to be quicker from the run lengths.
 #include <cstdint>
@@ -24,7 +26,7 @@
 
 namespace tidemark::stats {
 
-enum class MatchMethod { kAdaptive, kRunScan, kBoxes };
+enum class MatchMethod { kAdaptive, kRunScan, kRunScan16Bytes, kBoxes };
 
 // How the callers count: every pair (the reference) or fast; both give the same counts.
 enum class CountMethod { kDirect, kFast };

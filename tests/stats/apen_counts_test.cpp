@@ -52,7 +52,8 @@ void expect_same_counts(const std::array<TemplateCounts, 3>& fast,
   }
 }
 
-// Both fast methods: the scan of each partner run, and the counts in rank space.
+// Every fast method: the scan of each partner run (with the widest vectors the processor
+// has, and with 16-byte ones), the counts in rank space, and the choice between them.
 class ApEnFastCounts : public testing::TestWithParam<MatchMethod> {};
 
 TEST_P(ApEnFastCounts, EqualDirectCountsOnThousandsOfRandomSeries) {
@@ -106,8 +107,8 @@ TEST_P(ApEnFastCounts, SpecialValuesCountTheSameByBothMethods) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Methods, ApEnFastCounts,
-                         testing::Values(MatchMethod::kRunScan, MatchMethod::kBoxes,
-                                         MatchMethod::kAdaptive));
+                         testing::Values(MatchMethod::kRunScan, MatchMethod::kRunScan16Bytes,
+                                         MatchMethod::kBoxes, MatchMethod::kAdaptive));
 
 TEST(ApEnCounts, SelfMatchAndUnusableTemplates) {
   // 1 2 1 2 with point 3 unusable, r = 0: m=1 templates 1,2,2 usable -> the 2s match

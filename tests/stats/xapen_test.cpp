@@ -83,6 +83,7 @@ struct Method {
 };
 const Method kMethods[] = {{"direct", false, MatchMethod::kAdaptive},
                            {"run scan", true, MatchMethod::kRunScan},
+                           {"run scan, 16-byte vectors", true, MatchMethod::kRunScan16Bytes},
                            {"rank space", true, MatchMethod::kBoxes}};
 
 CrossCounts counts_by(const Method& method, const Series& a, const Series& b, double r,
@@ -134,11 +135,12 @@ void expect_fast_equals_direct(const Series& a, const Series& b, double r) {
   const int n = static_cast<int>(a.size());
   HitTable direct_hits(n);
   const CrossCounts direct = cross_counts_direct(a, b, r, &direct_hits);
-  for (const MatchMethod match : {MatchMethod::kRunScan, MatchMethod::kBoxes}) {
+  for (const Method& method : kMethods) {
+    if (!method.fast) continue;
     HitTable fast_hits(n);
-    const CrossCounts fast = cross_counts_fast(a, b, r, &fast_hits, match);
-    ASSERT_EQ(direct.counts, fast.counts) << (match == MatchMethod::kBoxes ? "rank space" : "scan");
-    ASSERT_EQ(direct_hits.counts, fast_hits.counts);
+    const CrossCounts fast = counts_by(method, a, b, r, &fast_hits);
+    ASSERT_EQ(direct.counts, fast.counts) << method.name;
+    ASSERT_EQ(direct_hits.counts, fast_hits.counts) << method.name;
   }
 }
 

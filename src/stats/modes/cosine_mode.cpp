@@ -5,12 +5,14 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/file_replace.h"
 #include "core/fortran_format.h"
 #include "core/missing.h"
 #include "data/conditioner.h"
+#include "data/summary_row.h"
 #include "shell/command_text.h"
 #include "stats/cosine_start.h"
 #include "stats/modes/cosine_graph.h"
@@ -31,6 +33,11 @@ constexpr int kVarianceField = 2 * kCosineParameters;
 constexpr int kRemainingField = kVarianceField + 1;
 // The results kept: the five fitted values and the percentage remaining.
 using CosineResults = std::array<float, kCosineParameters + 1>;
+// Their summary-book columns, AK to AP.
+constexpr int kFirstSummaryColumn = 37;
+constexpr std::array<std::string_view, kCosineParameters + 1> kSummaryTitles{
+    "Cosine Period", "Cosine Amplitude", "Cosine Phase",
+    "Cosine Mean",   "Cosine Slope",     "Cosine % Remaining"};
 
 // The points a fit uses: those of the crop range with a concentration and a replicate
 // count other than 0.
@@ -78,6 +85,10 @@ class CosineModule : public shell::Module {
     CosineResults results{};
     for (int j = 0; j < kCosineParameters; ++j) results[j] = static_cast<float>(fit.values[j]);
     results[kCosineParameters] = static_cast<float>(fit.percent);
+    for (std::size_t j = 0; j < results.size(); ++j) {
+      c.store.current().summary[data::column_letters(kFirstSummaryColumn + static_cast<int>(j))] = {
+          std::string(kSummaryTitles[j]), results[j]};
+    }
     results_.current = results;
     return Outcome::success();
   }

@@ -92,6 +92,33 @@ TEST_F(SummaryBooks, ApEnFillsColumnsQToAJOfTheSetItRanOn) {
   EXPECT_EQ(Scratch::read(dir / "books.csv"), book);
 }
 
+TEST_F(SummaryBooks, CosineFillsColumnsAKToAPWithTheFittedValues) {
+  // With the defaults the period is held at the time span of the series (0 to 1440
+  // minutes) and the slope at 0, so those two cells are known without the fit.
+  const std::string commands = "SEED 3\nREAD_NATIVE \"" +
+                               (kExamples / "lh_24h_10min.dat").string() +
+                               "\"\nMODE Cosine\nCOSINE_CALCULATE\n"
+                               "WRITE_SUMMARY_BOOKS \"books.csv\"\n";
+  const ProgramRun r =
+      run_tidemark(dir / "home", dir.path(), {"-@", dir.write("run.cmd", commands).string()}, "");
+  ASSERT_EQ(r.status, 0) << r.err;
+  const std::vector<std::string> lines = lines_of(Scratch::read(dir / "books.csv"));
+  ASSERT_EQ(lines.size(), 2u);
+  const std::vector<std::string> titles = split(lines[0]);
+  const std::vector<std::string> lh = split(lines[1]);
+  ASSERT_EQ(titles.size(), 42u);  // A to AP
+  ASSERT_EQ(lh.size(), 42u);
+  const char* expected[] = {"Cosine Period", "Cosine Amplitude", "Cosine Phase",
+                            "Cosine Mean",   "Cosine Slope",     "Cosine % Remaining"};
+  for (int j = 0; j < 6; ++j) {
+    EXPECT_EQ(titles[36 + j], expected[j]);
+    EXPECT_FALSE(lh[36 + j].empty()) << expected[j];
+  }
+  EXPECT_EQ(lh[36], "1440");
+  EXPECT_EQ(lh[40], "0");
+  for (int c = 1; c < 36; ++c) EXPECT_TRUE(lh[c].empty()) << c;
+}
+
 TEST_F(SummaryBooks, WithNoDataSetTheCommandIsIgnoredAndNoFileWritten) {
   const ProgramRun r = run_tidemark(
       dir / "home", dir.path(),

@@ -32,6 +32,7 @@ data::DataSet simulated_data_set(const SimulatedSeries& series, int replicates,
                       series.parameters[series.layout.log_height_index(e)]});
   }
   data::set_secretion_events(set, events);
+  set.modified = true;  // made in this run: no file holds it yet
   return set;
 }
 

@@ -83,6 +83,7 @@ TEST_F(SimulateCommand, AddsACurrentDataSetWithItsTruthWithoutDataLoaded) {
   ASSERT_EQ(events.size(), 1u);
   EXPECT_EQ(events[0].position, 100.0);
   EXPECT_EQ(events[0].log_height, 0.5);
+  EXPECT_TRUE(set.modified);  // no file holds it: EXIT warns until WRITE_NATIVE
   EXPECT_EQ(f.history(), (Lines{command}));
   EXPECT_EQ(f.log().back(), "SIMULATE: 30 points, 1 events, handle SIM");
 }

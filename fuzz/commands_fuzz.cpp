@@ -11,18 +11,14 @@
 //                   and whose grf_view.ini asks for small graphs
 //   template/data   the working folder, holding a copy of examples/
 //
-// Bounds on one input, so that it stays fast and cannot reach beyond the scratch tree:
-// - only its first kMaxCommands lines are run;
-// - an input with a "SET ... Cycles = n" line (the cycle counts of ApEn, X_ApEn and
-//   Concordance) whose n reads as a whole number above kMaxCycles is refused;
-// - an input with ".." or with a "/" after anything but a name character or ")" is refused, so
-//   every file it names lies inside the working folder;
-// - PATH names an empty folder and VISUAL and EDITOR are unset, so printing and editing
-//   start no program (symbolized sanitizer reports then need ASAN_SYMBOLIZER_PATH).
-// Refused inputs return -1, which keeps them out of libFuzzer's corpus.
+// The input holds typed commands and files placed in the working folder before the run
+// (commands_input.h, which also bounds what one input may do). PATH names an empty
+// folder and VISUAL and EDITOR are unset, so printing and editing start no program
+// (symbolized sanitizer reports then need ASAN_SYMBOLIZER_PATH). Refused inputs return
+// -1, which keeps them out of libFuzzer's corpus. A run with the command words:
+//   build-fuzz/bin/commands_fuzz -dict=fuzz/commands_fuzz.dict tests/data/fuzz/commands
 #include <unistd.h>
 
-#include <cctype>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -32,13 +28,10 @@
 #include <string_view>
 
 #include "../app/components.h"
-#include "core/fortran_read.h"
-#include "core/text.h"
-#include "shell/command_text.h"
+#include "commands_input.h"
 #include "shell/mode_loop.h"
 #include "shell/run_files.h"
 #include "shell/session.h"
-#include "shell/settings_file.h"
 #include "ui/console_ui.h"
 
 namespace {
@@ -46,52 +39,10 @@ namespace {
 namespace fs = std::filesystem;
 using tidemark::shell::Session;
 
-constexpr std::size_t kMaxCommands = 64;
-constexpr int kMaxCycles = 50;
 constexpr std::uint64_t kSeed = 12345;
 
 void check(bool invariant) {
   if (!invariant) std::abort();
-}
-
-// A character after which a "/" continues a relative path (or divides, in a formula).
-bool name_character(char c) {
-  return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '-' || c == '.' ||
-         c == ')';
-}
-
-// True when every path the line can name stays below the working folder.
-bool stays_inside(std::string_view line) {
-  if (line.find("..") != std::string_view::npos) return false;
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == '/' && (i == 0 || !name_character(line[i - 1]))) return false;
-  }
-  return true;
-}
-
-// False for a SET of a cycle count above kMaxCycles; the label and value are read as the
-// module frame reads them.
-bool cycles_bounded(std::string_view line) {
-  if (!tidemark::shell::command_is(line, "SET")) return true;
-  const auto assignment =
-      tidemark::shell::split_assignment(tidemark::shell::command_argument(line, "SET"));
-  if (!assignment) return true;
-  if (tidemark::core::to_upper(assignment->label).find("CYCLES") == std::string::npos) return true;
-  int cycles = 0;
-  return !tidemark::core::read_integer(assignment->value, cycles) || cycles <= kMaxCycles;
-}
-
-// The first kMaxCommands lines of the input, or no value when a line is refused.
-std::optional<std::string> bounded_commands(std::string_view input) {
-  std::string kept;
-  for (std::size_t lines = 0; lines < kMaxCommands && !input.empty(); ++lines) {
-    const std::size_t end = input.find('\n');
-    const std::string_view line = input.substr(0, end);
-    if (!stays_inside(line) || !cycles_bounded(line)) return std::nullopt;
-    kept.append(line).push_back('\n');
-    input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
-  }
-  return kept;
 }
 
 const tidemark::shell::Components& components() {
@@ -183,11 +134,13 @@ class Scratch {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto commands =
-      bounded_commands(std::string_view(reinterpret_cast<const char*>(data), size));
-  if (!commands) return -1;
+  const auto input = tidemark::fuzzing::read_commands_input(
+      std::string_view(reinterpret_cast<const char*>(data), size));
+  if (!input) return -1;
   static const Scratch scratch;
   const auto [home, work] = scratch.fresh_run();
-  run_session(home, work, *commands);
+  for (const auto& [name, text] : input->files)
+    std::ofstream(work / name, std::ios::binary) << text;
+  run_session(home, work, input->commands);
   return 0;
 }

@@ -69,7 +69,9 @@ TEST(CosineFit, AgreesWithRsLinearCosinorFromEveryStart) {
                     kIntervalInStandardErrors * se[k])
             << kCosineNames[j];
       }
-      if (!slope_fitted) EXPECT_EQ(fit.values[kSlope], 0.0);
+      if (!slope_fitted) {
+        EXPECT_EQ(fit.values[kSlope], 0.0);
+      }
       EXPECT_NEAR(fit.engine.variance, c.number("variance"), 1e-10 * c.number("variance"));
       EXPECT_NEAR(fit.percent, c.number("percent"), 1e-9 * c.number("percent"));
     }

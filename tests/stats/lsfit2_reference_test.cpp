@@ -72,8 +72,8 @@ TEST_P(Lsfit2Reference, AgreesWithRsNls) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Problems, Lsfit2Reference, testing::ValuesIn(kProblems),
-                         [](const testing::TestParamInfo<Problem>& info) {
-                           return std::string(info.param.name);
+                         [](const testing::TestParamInfo<Problem>& problem) {
+                           return std::string(problem.param.name);
                          });
 
 }  // namespace

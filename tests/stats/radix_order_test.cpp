@@ -55,7 +55,7 @@ std::vector<T> random_values(std::mt19937& gen, int n) {
   std::vector<T> x(n);
   for (T& v : x) {
     const int k = kind(gen);
-    v = k == 0 ? special[pick(gen)] : k == 1 ? static_cast<T>(pick(gen) - 4) : normal(gen) * 1e3;
+    v = k == 0 ? special[pick(gen)] : k == 1 ? static_cast<T>(pick(gen) - 4) : normal(gen) * T{1000};
   }
   return x;
 }

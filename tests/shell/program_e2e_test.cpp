@@ -32,15 +32,6 @@ Lines commands_of(const fs::path& file) {
   return commands;
 }
 
-// The single run file of the program folder whose name begins with `prefix`.
-fs::path run_file(const fs::path& home, const std::string& prefix) {
-  fs::path found;
-  for (const auto& entry : fs::directory_iterator(home / "temp")) {
-    if (entry.path().filename().string().rfind(prefix, 0) == 0) found = entry.path();
-  }
-  return found;
-}
-
 class Program : public testing::Test {
  protected:
   void SetUp() override {

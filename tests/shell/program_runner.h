@@ -74,6 +74,16 @@ inline ProgramRun run_tidemark(const std::filesystem::path& home,
   return run;
 }
 
+// The run file in the program folder `home` whose name begins with `prefix` ("CMD_" the
+// command history, "LOG_" the log, "GRF_" the graph source, ...); empty when none.
+inline std::filesystem::path run_file(const std::filesystem::path& home,
+                                      const std::string& prefix) {
+  for (const auto& entry : std::filesystem::directory_iterator(home / "temp")) {
+    if (entry.path().filename().string().starts_with(prefix)) return entry.path();
+  }
+  return {};
+}
+
 inline constexpr int kNoTerminal = -2;
 
 // The program on a terminal: `typed` is typed into it, and everything it wrote to the

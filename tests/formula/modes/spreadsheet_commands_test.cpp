@@ -63,12 +63,7 @@ class Spreadsheet : public testing::Test {
   }
 
   Lines history() const {
-    for (const auto& entry : fs::directory_iterator(dir / "home" / "temp")) {
-      if (entry.path().filename().string().rfind("CMD_", 0) == 0) {
-        return lines_of(Scratch::read(entry.path()));
-      }
-    }
-    return {};
+    return lines_of(Scratch::read(testing_support::run_file(dir / "home", "CMD_")));
   }
 
   Scratch dir;

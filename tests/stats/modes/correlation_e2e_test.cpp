@@ -12,17 +12,11 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing_support::ProgramRun;
+using testing_support::run_file;
 using testing_support::run_tidemark;
 using testing_support::Scratch;
 
 const fs::path kData = fs::path(TIDEMARK_TEST_DATA) / "stats";
-
-// The single file in `home`/temp whose name begins with `prefix`.
-fs::path run_file(const fs::path& home, const std::string& prefix) {
-  for (const auto& entry : fs::directory_iterator(home / "temp"))
-    if (entry.path().filename().string().rfind(prefix, 0) == 0) return entry.path();
-  return {};
-}
 
 // A working folder holding the two data files.
 fs::path folder_with_data(Scratch& dir, const std::string& name) {

@@ -18,13 +18,9 @@ using testing_support::Scratch;
 // The command history and the graph of the run whose program folder is `home`.
 struct RunFiles {
   fs::path history, graph;
-  explicit RunFiles(const fs::path& home) {
-    for (const auto& entry : fs::directory_iterator(home / "temp")) {
-      const std::string name = entry.path().filename().string();
-      if (name.starts_with("CMD_")) history = entry.path();
-      if (name.starts_with("GRF_")) graph = entry.path();
-    }
-  }
+  explicit RunFiles(const fs::path& home)
+      : history(testing_support::run_file(home, "CMD_")),
+        graph(testing_support::run_file(home, "GRF_")) {}
 };
 
 // 48 samples every 10 minutes of 10 + 3 cos(2 pi (t - 50) / 240) plus a second rhythm

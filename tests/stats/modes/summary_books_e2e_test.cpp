@@ -47,12 +47,7 @@ class SummaryBooks : public testing::Test {
   void SetUp() override {
     if (!fs::exists(tidemark_binary())) GTEST_SKIP() << "build the tidemark program first";
   }
-  fs::path history(const std::string& home) const {
-    for (const auto& entry : fs::directory_iterator(dir / home / "temp")) {
-      if (entry.path().filename().string().rfind("CMD_", 0) == 0) return entry.path();
-    }
-    return {};
-  }
+  fs::path history(const std::string& home) const { return run_file(dir / home, "CMD_"); }
   Scratch dir;
 };
 

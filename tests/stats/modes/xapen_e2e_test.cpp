@@ -25,12 +25,7 @@ class XApEnProgram : public testing::Test {
     return run_tidemark(dir / home, dir.path(), {"-@", dir.write("run.cmd", commands).string()},
                         "");
   }
-  fs::path history(const std::string& home) const {
-    for (const auto& entry : fs::directory_iterator(dir / home / "temp")) {
-      if (entry.path().filename().string().rfind("CMD_", 0) == 0) return entry.path();
-    }
-    return {};
-  }
+  fs::path history(const std::string& home) const { return run_file(dir / home, "CMD_"); }
   Scratch dir;
 };
 

@@ -45,6 +45,21 @@ void check(bool invariant) {
   if (!invariant) std::abort();
 }
 
+// What a run may leave behind: in temp/ only its five run files (every other file
+// there is a temporary file, which the kill list deletes at the end), and nowhere a
+// replacement file left half-way (".<name>.<stamp>.tmp").
+void check_leftovers(const fs::path& run, const fs::path& temp) {
+  for (const auto& entry : fs::recursive_directory_iterator(run)) {
+    const std::string name = entry.path().filename().string();
+    check(!(name.starts_with('.') && name.ends_with(".tmp")));
+  }
+  for (const auto& entry : fs::directory_iterator(temp)) {
+    const std::string name = entry.path().filename().string();
+    check(name.starts_with("CMD_") || name.starts_with("LOG_") || name.starts_with("BST_") ||
+          name.starts_with("GRF_") || name.starts_with("KILL_"));
+  }
+}
+
 const tidemark::shell::Components& components() {
   static const tidemark::shell::Components parts = tidemark::app::registered_components();
   return parts;
@@ -142,5 +157,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const auto& [name, text] : input->files)
     std::ofstream(work / name, std::ios::binary) << text;
   run_session(home, work, input->commands);
+  check_leftovers(home.parent_path(), home / "temp");
   return 0;
 }

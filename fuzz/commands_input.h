@@ -8,6 +8,9 @@
 // - only the first kMaxCommands typed commands are kept;
 // - a SET of a field whose label names cycles (the Monte-Carlo cycle counts of ApEn,
 //   X_ApEn and Concordance) to a whole number above kMaxCycles refuses the input;
+// - a SIMULATE of more than kMaxSamples samples refuses the input: Cosine's period scan
+//   fits a trial at every sample time, so its work grows with the square of the points
+//   (at 100000 samples, over an hour);
 // - a line holding ".." or a "/" after anything but a name character or ")" refuses the
 //   input, so every path it can name is relative and stays inside the folder;
 // - a file name is made of name characters only, and the files together hold at most one
@@ -21,6 +24,7 @@
 
 #include "core/fortran_read.h"
 #include "core/text.h"
+#include "pulse/modes/simulate_arguments.h"
 #include "shell/command_text.h"
 #include "shell/settings_file.h"
 
@@ -28,6 +32,7 @@ namespace tidemark::fuzzing {
 
 inline constexpr std::size_t kMaxCommands = 64;
 inline constexpr int kMaxCycles = 50;
+inline constexpr int kMaxSamples = 1000;
 
 struct CommandsInput {
   std::string commands;                                    // one per line
@@ -59,6 +64,14 @@ inline bool cycles_bounded(std::string_view line) {
   return !core::read_integer(assignment->value, cycles) || cycles <= kMaxCycles;
 }
 
+// False for a SIMULATE of more than kMaxSamples samples, as the simulator reads it.
+inline bool samples_bounded(std::string_view line) {
+  const std::string_view command = core::trim(line);
+  if (!shell::command_is(command, "SIMULATE")) return true;
+  const pulse::ParsedSimulate parsed = pulse::parse_simulate_arguments(command.substr(8));
+  return !parsed.ok || parsed.request.options.samples <= kMaxSamples;
+}
+
 inline bool file_name(std::string_view name) {
   if (name.empty()) return false;
   for (const char c : name) {
@@ -77,7 +90,7 @@ inline std::optional<CommandsInput> read_commands_input(std::string_view input) 
     const std::size_t end = input.find('\n');
     const std::string_view line = input.substr(0, end);
     input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
-    if (!stays_inside(line) || !cycles_bounded(line)) return std::nullopt;
+    if (!stays_inside(line) || !cycles_bounded(line) || !samples_bounded(line)) return std::nullopt;
     if (in_file) {
       if (line == "#END") {
         in_file = false;

@@ -206,14 +206,20 @@ class GraphView : public CommandHandler {
   }
 
   // GRF_VIEW "file": loads the source and writes it beside itself in the settings'
-  // default format (graph.grf -> graph.png); the command line's -grf_view.
+  // default format (graph.grf -> graph.png); the command line's -grf_view. A source that
+  // already has the format's extension is refused, since its drawing would replace it.
   void view_command(std::string_view command, Session& session) {
     const auto file = session.file_argument(
         command, "GRF_VIEW", {"Select a graphics source file", std::string(kGrfFilter), {}, false});
-    if (!file || !load(*file, session)) return;
+    if (!file) return;
     const Format format = settings(session).format;
     const fs::path target = fs::path(*file).replace_extension(extension_of(format));
-    if (!export_to(target, format, session)) return;
+    std::error_code ec;
+    if (fs::equivalent(target, *file, ec)) {
+      session.error(kTitle, {*file + ": the drawing would replace its source"});
+      return;
+    }
+    if (!load(*file, session) || !export_to(target, format, session)) return;
     session.carried_out(command_with_file("GRF_VIEW", *file),
                         "LOAD A GRAPHIC FILE " + *file + ", DRAWN TO " + target.string());
   }

@@ -128,6 +128,17 @@ TEST_F(GraphCommands, CommandsThatNeedAGraphSayThereIsNone) {
   EXPECT_FALSE(fs::exists(dir / "x.png"));
 }
 
+// A source named like its own drawing (graph.png with the default format PNG) would be
+// drawn over; the view refuses and the source stays as it was.
+TEST_F(GraphCommands, GrfViewNeverDrawsOverItsOwnSource) {
+  const auto source = dir.write("graph.png", kOptionSource);
+  run({"GRF_VIEW " + quoted(source)});
+  EXPECT_EQ(Scratch::read(source), kOptionSource);
+  EXPECT_TRUE(shown("Graphics: " + source.string() + ": the drawing would replace its source"));
+  EXPECT_TRUE(fixture.session->failed());
+  EXPECT_TRUE(fixture.history().empty());
+}
+
 // The width and height of a PNG file, from its header.
 std::pair<int, int> png_size(const std::string& png) {
   const auto be32 = [&](std::size_t at) {

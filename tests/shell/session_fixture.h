@@ -63,6 +63,14 @@ class ScriptedUi : public ui::RecordingUi {
     return item_choice;
   }
   void show_text(std::string_view, std::string_view text) override { texts.emplace_back(text); }
+  // The lines of the first text shown (a viewed listing); none when nothing was shown.
+  std::vector<std::string> first_text_lines() const {
+    std::vector<std::string> lines;
+    if (texts.empty()) return lines;
+    std::istringstream in(texts.front());
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+  }
   void show_dialog(const ui::Dialog& d, const std::vector<ui::FieldValue>& values) override {
     dialogs.push_back(d.title);
     dialog_values = values;

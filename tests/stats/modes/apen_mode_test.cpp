@@ -33,11 +33,7 @@ class ApEnMode : public testing::Test {
     commands.insert(commands.end(), {"APEN_CALCULATE", "ApEn_VIEW"});
     f.run(commands);
     EXPECT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
-    Lines lines;
-    if (f.ui.texts.empty()) return lines;
-    std::istringstream in(f.ui.texts[0]);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
+    return f.ui.first_text_lines();
   }
   SessionFixture f;
 };

@@ -43,11 +43,7 @@ class XApEnMode : public testing::Test {
   Lines listing() {
     f.run({"SEED 5", "MODE X_ApEn", "SET MC Cycles = 3", "XAPEN_CALCULATE", "XApEn_VIEW"});
     EXPECT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
-    Lines lines;
-    if (f.ui.texts.empty()) return lines;
-    std::istringstream in(f.ui.texts[0]);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
+    return f.ui.first_text_lines();
   }
   SessionFixture f;
 };

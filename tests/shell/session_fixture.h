@@ -6,6 +6,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/mode_loop.h"
@@ -27,6 +28,14 @@ class RecordedProgress : public ui::Progress {
  private:
   std::vector<double>& fractions_;
 };
+
+// The modes of a test session: only the mode at menu index `menu_index` (from 1), made
+// by `make`.
+inline shell::ModuleFactories only_mode(int menu_index, shell::ModuleFactory make) {
+  shell::ModuleFactories modes;
+  modes[static_cast<std::size_t>(menu_index - 1)] = std::move(make);
+  return modes;
+}
 
 class ScriptedUi : public ui::RecordingUi {
  public:

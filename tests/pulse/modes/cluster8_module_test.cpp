@@ -35,9 +35,7 @@ data::DataSet one_pulse() {
 }
 
 shell::ModuleFactories cluster8_only() {
-  shell::ModuleFactories modes;
-  modes[2] = [](int) { return make_cluster8_module(); };
-  return modes;
+  return testing_support::only_mode(3, [](int) { return make_cluster8_module(); });
 }
 
 class Cluster8Mode : public testing::Test {

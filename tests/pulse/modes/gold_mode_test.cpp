@@ -17,9 +17,7 @@ using testing_support::Scratch;
 using testing_support::SessionFixture;
 
 shell::ModuleFactories gold_only() {
-  shell::ModuleFactories modes;
-  modes[7] = [](int) { return make_gold_mode(); };
-  return modes;
+  return testing_support::only_mode(8, [](int) { return make_gold_mode(); });
 }
 
 class GoldMode : public testing::Test {

@@ -19,9 +19,7 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 shell::ModuleFactories apen_modes() {
-  shell::ModuleFactories modes;
-  modes[0] = [](int) { return make_apen_module(); };
-  return modes;
+  return testing_support::only_mode(1, [](int) { return make_apen_module(); });
 }
 
 class ApEnMode : public testing::Test {

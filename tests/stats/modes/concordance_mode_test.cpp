@@ -25,9 +25,7 @@ data::DataSet with_events(const std::string& name, const std::vector<double>& ti
 }
 
 shell::ModuleFactories concordance_only() {
-  shell::ModuleFactories modes;
-  modes[3] = [](int) { return make_concordance_module(); };  // menu index 4
-  return modes;
+  return testing_support::only_mode(4, [](int) { return make_concordance_module(); });
 }
 
 // The listing shown after `commands` run in Concordance on sets `a` and `b`.

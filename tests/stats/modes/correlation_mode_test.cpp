@@ -27,9 +27,7 @@ data::DataSet series(const std::string& name, const std::vector<float>& y, float
 }
 
 shell::ModuleFactories correlation_only() {
-  shell::ModuleFactories modes;
-  modes[4] = [](int) { return make_correlation_module(); };  // menu index 5
-  return modes;
+  return testing_support::only_mode(5, [](int) { return make_correlation_module(); });
 }
 
 class CorrelationMode : public testing::Test {

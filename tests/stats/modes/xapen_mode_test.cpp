@@ -19,9 +19,7 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 shell::ModuleFactories xapen_modes() {
-  shell::ModuleFactories modes;
-  modes[13] = [](int) { return make_xapen_module(); };  // X_ApEn is mode 14
-  return modes;
+  return testing_support::only_mode(14, [](int) { return make_xapen_module(); });
 }
 
 TEST(XApEnRatio, IsXApEnOverTheRandomMeanWithPropagatedSdAndMissingWhenThatMeanIsZero) {

@@ -62,11 +62,12 @@ std::optional<std::string> Session::file_argument(std::string_view command, std:
 }
 
 bool Session::run_command_file(const std::string& name) {
-  // The history grows with every command read, so reading it while it is written would
-  // never end.
+  // The history and the log grow with every command read, so reading either while it is
+  // written would never end.
   std::error_code ec;
-  const bool is_history = std::filesystem::equivalent(name, files_->history_path(), ec);
-  if (!is_history && command_files_.open(name)) {
+  const bool growing = std::filesystem::equivalent(name, files_->history_path(), ec) ||
+                       std::filesystem::equivalent(name, files_->log_path(), ec);
+  if (!growing && command_files_.open(name)) {
     comment("!cmd file = " + name);
     return true;
   }

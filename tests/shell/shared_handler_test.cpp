@@ -147,11 +147,15 @@ TEST(SharedHandler, GraphicsAndSpreadsheetCommandsAnswerThatTheyAreNotAvailable)
   EXPECT_TRUE(f.session->failed());
 }
 
-TEST(CommandFileRuns, TheRunsOwnHistoryCannotBeRunWhileItIsWritten) {
-  SessionFixture f;
-  const std::string history = f.session->files().history_path().string();
-  f.run({"SEED 4", "@ \"" + history + "\""});
-  EXPECT_EQ(f.ui.shown(), (Lines{"Command File Error: Could not open command file = " + history}));
+// Each command read from the history or the log adds a line to it, so a run of either
+// would never end (the log's "SEED 4" logs "SEED 4" again).
+TEST(CommandFileRuns, TheRunsOwnHistoryAndLogCannotBeRunWhileTheyAreWritten) {
+  for (const auto path : {&shell::RunFiles::history_path, &shell::RunFiles::log_path}) {
+    SessionFixture f;
+    const std::string file = (f.session->files().*path)().string();
+    f.run({"SEED 4", "@ \"" + file + "\""});
+    EXPECT_EQ(f.ui.shown(), (Lines{"Command File Error: Could not open command file = " + file}));
+  }
 }
 
 // A file that runs itself: ten levels open, the eleventh is refused, and the failing

@@ -70,6 +70,15 @@ void RunFiles::kill(const fs::path& file) {
   write_line(kill_, file.string());
 }
 
+bool RunFiles::names_run_file(const fs::path& path) const {
+  std::error_code ec;
+  for (const fs::path* file :
+       {&history_path_, &log_path_, &answers_path_, &graph_path_, &kill_path_}) {
+    if (fs::equivalent(path, *file, ec)) return true;
+  }
+  return false;
+}
+
 void RunFiles::delete_killed() {
   std::ifstream list(kill_path_);
   std::string line;

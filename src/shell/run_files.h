@@ -43,6 +43,8 @@ class RunFiles : public ui::LogSink {
   const std::filesystem::path& answers_path() const { return answers_path_; }
   const std::filesystem::path& graph_path() const { return graph_path_; }
   const std::filesystem::path& kill_path() const { return kill_path_; }
+  // True when `path` names one of the five run files.
+  bool names_run_file(const std::filesystem::path& path) const;
 
  private:
   RunFiles() = default;

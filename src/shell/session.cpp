@@ -58,6 +58,13 @@ std::optional<std::string> Session::file_argument(std::string_view command, std:
     ignore(command);
     return std::nullopt;
   }
+  // A run file written over by a copy would lose the run's record: the program goes on
+  // writing to the file it opened, which the copy has put aside.
+  if (request.for_writing && files_->names_run_file(file)) {
+    error("COMMAND IGNORED!",
+          {std::string(command), "A file of this run cannot be written over: " + file});
+    return std::nullopt;
+  }
   return file;
 }
 

@@ -58,7 +58,8 @@ class Session {
   bool ask(std::string_view title, std::string_view question, bool batch_answer);
 
   // The file or folder a command names: its argument, else the user's choice; no value
-  // (and "COMMAND IGNORED!") when it has none and nobody chooses one.
+  // (and "COMMAND IGNORED!") when it has none and nobody chooses one, or when a file to
+  // be written is one of the run files.
   std::optional<std::string> file_argument(std::string_view command, std::string_view name,
                                            const ui::FileRequest& request);
 

@@ -116,6 +116,33 @@ TEST(SharedHandler, AFailedCopyNamesTheFileKindAndTheErrorCode) {
   EXPECT_EQ(f.history(), (Lines{"COPY_LOG \"" + target + "\""}));
 }
 
+// A copy or a write over one of the run files is refused: the history goes on whole
+// (the command after them is still recorded) and the targets keep their text.
+TEST(SharedHandler, NoCommandWritesOverARunFile) {
+  SessionFixture f;
+  f.session->store().append(data_set("/data/lh.dat", "LH", 5));
+  const RunFiles& files = f.session->files();
+  const std::pair<const char*, std::filesystem::path> cases[] = {
+      {"COPY_LOG", files.history_path()},
+      {"SAVE_AS_CMD", files.log_path()},
+      {"COPY_CMD", files.kill_path()},
+      {"WRITE_CSV", files.answers_path()},
+      {"WRITE_NATIVE", files.graph_path()}};
+  Lines commands, shown;
+  for (const auto& [name, target] : cases) {
+    commands.push_back(std::string(name) + " \"" + target.string() + "\"");
+    shown.push_back("COMMAND IGNORED!: " + commands.back());
+    shown.push_back("COMMAND IGNORED!: A file of this run cannot be written over: " +
+                    target.string());
+  }
+  commands.push_back("SEED 9");
+  f.run(commands);
+  EXPECT_EQ(f.ui.shown(), shown);
+  EXPECT_EQ(f.history(), (Lines{"SEED 9"}));
+  EXPECT_EQ(Scratch::read(files.kill_path()).rfind("! kill file created by ", 0), 0u);
+  EXPECT_EQ(Scratch::read(files.answers_path()), "");
+}
+
 TEST(SharedHandler, ACommandThatNeedsAFileNameAndHasNoneIsIgnored) {
   SessionFixture f;
   for (const char* command : {"READ_NATIVE", "SAVE_AS_LOG", "@", "CD"}) {

@@ -5,11 +5,13 @@
 // and leave every data set well formed.
 //
 // Each input runs in a fresh copy of a scratch tree made once per process under /tmp:
-//   template/home   the program folder, whose Monte-Carlo modes have their settings
-//                   saved with small cycle counts by a first session (SET and
-//                   SAVE_PARAMETERS), so that an input that never sets them stays fast,
-//                   and whose grf_view.ini asks for small graphs
-//   template/data   the working folder, holding a copy of examples/
+//   template/data        the working folder, holding a copy of examples/
+//   template/data/home   the program folder, whose Monte-Carlo modes have their settings
+//                        saved with small cycle counts by a first session (SET and
+//                        SAVE_PARAMETERS), so that an input that never sets them stays
+//                        fast, and whose grf_view.ini asks for small graphs
+// The run files are within reach of the commands ("home/temp/LOG_<id>.log"): their
+// names are the same in every run, drawn from a generator with a fixed seed.
 //
 // The input holds typed commands and files placed in the working folder before the run
 // (commands_input.h, which also bounds what one input may do). PATH names an empty
@@ -19,10 +21,12 @@
 //   build-fuzz/bin/commands_fuzz -dict=fuzz/commands_fuzz.dict tests/data/fuzz/commands
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -45,19 +49,35 @@ void check(bool invariant) {
   if (!invariant) std::abort();
 }
 
-// What a run may leave behind: in temp/ only its five run files (every other file
-// there is a temporary file, which the kill list deletes at the end), and nowhere a
-// replacement file left half-way (".<name>.<stamp>.tmp").
-void check_leftovers(const fs::path& run, const fs::path& temp) {
-  for (const auto& entry : fs::recursive_directory_iterator(run)) {
-    const std::string name = entry.path().filename().string();
-    check(!(name.starts_with('.') && name.ends_with(".tmp")));
-  }
-  for (const auto& entry : fs::directory_iterator(temp)) {
-    const std::string name = entry.path().filename().string();
-    check(name.starts_with("CMD_") || name.starts_with("LOG_") || name.starts_with("BST_") ||
-          name.starts_with("GRF_") || name.starts_with("KILL_"));
-  }
+std::string first_line(const fs::path& file) {
+  std::ifstream in(file);
+  std::string line;
+  std::getline(in, line);
+  return line;
+}
+
+// A replacement file left half-way: "." + target + "." + clock + "-" + count + ".tmp".
+bool half_written(const std::string& name) {
+  static const std::regex pattern(R"(\..+\.[0-9a-f]+-[0-9]+\.tmp)");
+  return std::regex_match(name, pattern);
+}
+
+// A temporary file of the program: a prefix, the run identifier (20 capitals without
+// Z) and an extension.
+bool temporary(const fs::path& file) {
+  const std::string stem = file.stem().string();
+  return stem.size() >= 20 &&
+         std::all_of(stem.end() - 20, stem.end(), [](char c) { return c >= 'A' && c <= 'Y'; });
+}
+
+// What a run may leave behind: in temp/ no temporary file but the five run files (the
+// kill list deletes the others at the end), and nowhere a half-written file.
+void check_leftovers(const tidemark::shell::RunFiles& files, const fs::path& temp,
+                     const fs::path& work) {
+  for (const auto& entry : fs::directory_iterator(temp))
+    check(files.names_run_file(entry.path()) || !temporary(entry.path()));
+  for (const auto& entry : fs::recursive_directory_iterator(work))
+    check(!half_written(entry.path().filename().string()));
 }
 
 const tidemark::shell::Components& components() {
@@ -66,7 +86,7 @@ const tidemark::shell::Components& components() {
 }
 
 // Runs `commands` in a session whose program folder is `home`, from the working folder
-// `data`; the store is checked before the session ends.
+// `data`; the store and the files left are checked before the session ends.
 void run_session(const fs::path& home, const fs::path& data, const std::string& commands) {
   fs::current_path(data);
   std::string problem;
@@ -94,8 +114,11 @@ void run_session(const fs::path& home, const fs::path& data, const std::string& 
     const auto& set = store.at(i);
     for (const auto& column : set.columns) check(int(column.size()) == set.size());
   }
-  check(fs::is_regular_file(history) && fs::is_regular_file(log));
+  // The history and the log are still the run's own, whatever was copied where.
+  check(first_line(history).starts_with("! command file created by ") &&
+        first_line(log).starts_with("! LOG file created by "));
   session.files().delete_killed();
+  check_leftovers(session.files(), folders->temp, data);
 }
 
 // The scratch tree of this process, made on the first input and removed at exit.
@@ -109,14 +132,15 @@ class Scratch {
     unsetenv("VISUAL");
     unsetenv("EDITOR");
     const fs::path examples = fs::path(__FILE__).parent_path().parent_path() / "examples";
-    fs::create_directories(root_ / "template" / "data");
-    fs::copy(examples, root_ / "template" / "data", fs::copy_options::recursive);
-    run_session(root_ / "template" / "home", root_ / "template" / "data", kSetupCommands);
-    const fs::path system = root_ / "template" / "home" / "system";
+    const fs::path data = root_ / "template" / "data", home = data / "home";
+    fs::create_directories(data);
+    fs::copy(examples, data, fs::copy_options::recursive);
+    run_session(home, data, kSetupCommands);
+    const fs::path system = home / "system";
     for (const char* name : {"do_apen.ini", "do_xapen.ini", "do_concord.ini"})
       check(fs::is_regular_file(system / name));
     std::ofstream(system / "grf_view.ini") << kSmallPage;
-    fs::remove_all(root_ / "template" / "home" / "temp");
+    fs::remove_all(home / "temp");
   }
   ~Scratch() {
     std::error_code ec;
@@ -130,7 +154,7 @@ class Scratch {
     fs::current_path(root_);
     fs::remove_all(run);
     fs::copy(root_ / "template", run, fs::copy_options::recursive);
-    return {run / "home", run / "data"};
+    return {run / "data" / "home", run / "data"};
   }
 
  private:
@@ -157,6 +181,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const auto& [name, text] : input->files)
     std::ofstream(work / name, std::ios::binary) << text;
   run_session(home, work, input->commands);
-  check_leftovers(home.parent_path(), home / "temp");
   return 0;
 }

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 
 namespace tidemark::shell {
@@ -32,8 +33,14 @@ ExternalRun run_external(const std::vector<std::string>& argv,
     execvp(args[0], args.data());
     _exit(kNotStarted);
   }
+  // A signal caught while waiting interrupts the wait, not the child: wait again, or the
+  // child would be left running unseen and, once ended, never reaped.
   int wait_status = 0;
-  if (waitpid(child, &wait_status, 0) < 0) return {};
+  pid_t waited = 0;
+  do {
+    waited = waitpid(child, &wait_status, 0);
+  } while (waited < 0 && errno == EINTR);
+  if (waited < 0) return {};
   if (!WIFEXITED(wait_status)) return {true, 128 + WTERMSIG(wait_status)};
   const int status = WEXITSTATUS(wait_status);
   if (status == kNotStarted) return {false, status};

@@ -1,6 +1,8 @@
 # The two everyday commands are `make demo` and `make test` (see README.md).
 JOBS  ?= $(shell nproc)
-CMAKE := cmake -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+# ccache, where the machine has it, makes rebuilds in several checkouts cheap.
+CCACHE := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+CMAKE := cmake -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CCACHE)
 CTEST := ctest --output-on-failure -j $(JOBS)
 
 .PHONY: all deps build build-asan test test-plain test-asan demo bench fuzz format clean
@@ -35,7 +37,7 @@ bench: build
 	@build/bin/tidemark_bench $(BENCH_ARGS)
 
 # libFuzzer targets, built with clang; run one with e.g.
-#   build-fuzz/bin/native_reader_fuzz -max_total_time=60 tests/data/fuzz/native_reader
+#   build-fuzz/bin/native_reader_fuzz -max_total_time=60 tests/fixtures/fuzz/native_reader
 fuzz:
 	@test -f build-fuzz/build.ninja || CXX=clang++ $(CMAKE) -DTIDEMARK_FUZZ=ON -S . -B build-fuzz
 	@cmake --build build-fuzz -j $(JOBS)

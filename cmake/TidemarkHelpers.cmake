@@ -39,7 +39,7 @@ endfunction()
 
 # tidemark_tests(<folder> <libraries>...)
 # One GoogleTest program per subsystem from tests/<folder>/*_test.cpp, each test
-# registered with ctest. Tests find their fixtures under TIDEMARK_TEST_DATA.
+# registered with ctest. Tests find their fixtures under TIDEMARK_FIXTURES.
 # A folder such as "pulse/modes" gives the program pulse_modes_tests.
 function(tidemark_tests folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*_test.cpp)
@@ -57,7 +57,7 @@ function(tidemark_tests folder)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${target} PRIVATE ${ARGN} GTest::gtest GTest::gtest_main)
   target_compile_definitions(${target} PRIVATE
-    TIDEMARK_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    TIDEMARK_FIXTURES="${PROJECT_SOURCE_DIR}/tests/fixtures"
     TIDEMARK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60)
 endfunction()

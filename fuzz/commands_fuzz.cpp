@@ -18,7 +18,7 @@
 // folder and VISUAL and EDITOR are unset, so printing and editing start no program
 // (symbolized sanitizer reports then need ASAN_SYMBOLIZER_PATH). Refused inputs return
 // -1, which keeps them out of libFuzzer's corpus. A run with the command words:
-//   build-fuzz/bin/commands_fuzz -dict=fuzz/commands_fuzz.dict tests/data/fuzz/commands
+//   build-fuzz/bin/commands_fuzz -dict=fuzz/commands_fuzz.dict tests/fixtures/fuzz/commands
 #include <unistd.h>
 
 #include <algorithm>

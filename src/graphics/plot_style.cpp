@@ -101,9 +101,6 @@ std::string keyword(Colour v) {
   return fmt::format("#{:06X}", v.rgb & 0xFFFFFFu);
 }
 
-std::optional<Scale> scale_named(std::string_view word) {
-  return value_in(kScales, word);
-}
 std::optional<Place> place_named(std::string_view word) {
   return value_in(kPlaces, word);
 }

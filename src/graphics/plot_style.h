@@ -56,7 +56,6 @@ std::string_view keyword(Align v);
 std::string keyword(Colour v);
 
 // The value a keyword names, letter case ignored; no value for an unknown word.
-std::optional<Scale> scale_named(std::string_view word);
 std::optional<Place> place_named(std::string_view word);
 std::optional<Symbol> symbol_named(std::string_view word);
 std::optional<Dash> dash_named(std::string_view word);

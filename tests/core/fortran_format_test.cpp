@@ -77,10 +77,10 @@ std::vector<Case> read_cases(const std::string& path) {
   return cases;
 }
 
-// Expected fields: tests/data/core/fortran_format_vectors.txt, written by gfortran 12
+// Expected fields: tests/fixtures/core/fortran_format_vectors.txt, written by gfortran 12
 // through scripts/gen-fortran-vectors.
 TEST(FortranFormat, WritesEveryReferenceFieldAsGfortranDoes) {
-  const auto cases = read_cases(TIDEMARK_TEST_DATA "/core/fortran_format_vectors.txt");
+  const auto cases = read_cases(TIDEMARK_FIXTURES "/core/fortran_format_vectors.txt");
   ASSERT_GT(cases.size(), 1000u) << "reference vectors missing";
   for (const auto& c : cases) {
     const Descriptor desc = parse_descriptor(c.descriptor);

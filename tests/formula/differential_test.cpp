@@ -32,7 +32,7 @@ std::vector<std::string> read_fields(std::istream& in) {
 }
 
 void load(std::vector<std::string>& variables, std::vector<Case>& cases) {
-  std::ifstream file(TIDEMARK_TEST_DATA "/formula/differential_cases.txt");
+  std::ifstream file(TIDEMARK_FIXTURES "/formula/differential_cases.txt");
   ASSERT_TRUE(file) << "missing fixture";
   for (std::string line; std::getline(file, line);) {
     if (line.empty() || line[0] == '#') continue;

@@ -93,7 +93,7 @@ TEST(PreprocessorInclude, BlockLeftOpenByAnIncludedFileEndsWithIt) {
 }
 
 TEST(PreprocessorInclude, DiskFilesAreReadThroughTheDefaultOpener) {
-  const std::string dir = TIDEMARK_TEST_DATA "/graphics";
+  const std::string dir = TIDEMARK_FIXTURES "/graphics";
   Preprocessor pp;
   pp.c_pre_proc_init(dir + "/series.dat", dir, "", false, ';');
   const auto out = testing::read_all(pp);

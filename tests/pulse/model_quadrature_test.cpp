@@ -1,5 +1,5 @@
 // The closed-form model against quadrature of its convolution integral, over random
-// parameter vectors with one to three half-lives (tests/data/pulse/model_quadrature.txt).
+// parameter vectors with one to three half-lives (tests/fixtures/pulse/model_quadrature.txt).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -53,7 +53,7 @@ std::vector<T> read_row(std::istream& in, int count) {
 
 // The cases written by scripts/gen-secretion-model-cases.
 std::vector<QuadratureCase> read_cases() {
-  std::ifstream in(TIDEMARK_TEST_DATA "/pulse/model_quadrature.txt");
+  std::ifstream in(TIDEMARK_FIXTURES "/pulse/model_quadrature.txt");
   std::vector<QuadratureCase> cases;
   std::string line;
   while (in.peek() == '#') std::getline(in, line);

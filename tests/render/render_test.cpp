@@ -15,7 +15,7 @@
 namespace tidemark::render {
 namespace {
 
-const std::string kData = TIDEMARK_TEST_DATA "/graphics/";
+const std::string kData = TIDEMARK_FIXTURES "/graphics/";
 
 // Golden images are the default page at 72 dpi: 720 x 540 pixels. Set
 // TIDEMARK_UPDATE_GOLDEN=1 to write them afresh (then look at them before committing).

@@ -17,9 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kStyles = fs::path(TIDEMARK_TEST_DATA) / "graphics" / "styles.grf";
+const fs::path kStyles = fs::path(TIDEMARK_FIXTURES) / "graphics" / "styles.grf";
 // One panel: its page keeps the size the settings give (a page of many panels grows).
-const fs::path kOnePanel = fs::path(TIDEMARK_TEST_DATA) / "graphics" / "pulse_series.grf";
+const fs::path kOnePanel = fs::path(TIDEMARK_FIXTURES) / "graphics" / "pulse_series.grf";
 
 // A one-panel source whose three #123456 squares stand in an option block.
 constexpr const char* kOptionSource =

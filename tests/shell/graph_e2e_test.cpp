@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kSource = Scratch::read(fs::path(TIDEMARK_TEST_DATA) / "graphics" / "styles.grf");
+const std::string kSource = Scratch::read(fs::path(TIDEMARK_FIXTURES) / "graphics" / "styles.grf");
 
 class GraphProgram : public ::testing::Test {
  protected:

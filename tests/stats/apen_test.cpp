@@ -72,10 +72,10 @@ struct ReferenceCase {
   float apen2 = 0;
 };
 
-// tests/data/stats/apen/apen_reference.txt, written by reference.py beside it: a
+// tests/fixtures/stats/apen/apen_reference.txt, written by reference.py beside it: a
 // transcription of the definition in Python with single precision emulated.
 std::vector<ReferenceCase> read_reference() {
-  std::ifstream in(std::string(TIDEMARK_TEST_DATA) + "/stats/apen/apen_reference.txt");
+  std::ifstream in(std::string(TIDEMARK_FIXTURES) + "/stats/apen/apen_reference.txt");
   std::vector<ReferenceCase> cases;
   std::string head, values, flags, results;
   while (std::getline(in, head) && std::getline(in, values) && std::getline(in, flags) &&

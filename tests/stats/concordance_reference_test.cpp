@@ -13,7 +13,7 @@ using testing_support::read_fixture;
 
 constexpr long kCycles = 1'000'000;
 
-// Every case of tests/data/stats/concordance_reference.txt: R's own simulation of the
+// Every case of tests/fixtures/stats/concordance_reference.txt: R's own simulation of the
 // random placement and the first-free matcher (its own generator, 10^7 cycles). Each of
 // P(k) and Q(k) is a binomial proportion in both runs, so the two estimates differ by a
 // normal deviate of standard deviation sqrt(p (1 - p) (1 / kCycles + 1 / R's cycles));

@@ -47,7 +47,7 @@ void expect_series(const SeriesCorrelation& series, const FixtureBlock& c, const
   }
 }
 
-// Every case of tests/data/stats/correlation_reference.txt: R's acf, pacf, ccf and
+// Every case of tests/fixtures/stats/correlation_reference.txt: R's acf, pacf, ccf and
 // cor(method = "kendall"), mapped to this program's lags and normalisations as the
 // fixture's header says.
 TEST(CorrelationAnalysis, AgreesWithRAtEveryLagOfEveryReferenceCase) {

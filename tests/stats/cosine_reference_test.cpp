@@ -41,7 +41,7 @@ const Start kStarts[] = {
      }},
 };
 
-// Every case of tests/data/stats/cosine_reference.txt (a noisy cosinor; R's lm on the
+// Every case of tests/fixtures/stats/cosine_reference.txt (a noisy cosinor; R's lm on the
 // cosine and sine terms gives its amplitude, phase, mean and slope, and R's nls its
 // standard errors), fitted from starts that the normalisation must bring back to R's
 // amplitude and its phase in [0, Period).

@@ -22,7 +22,7 @@ double misra(std::span<const double> p, double x, bool&) {
   return p[0] * (1 - std::exp(-p[1] * x));
 }
 
-// One model per problem of tests/data/stats/lsfit2_reference.txt, named as there.
+// One model per problem of tests/fixtures/stats/lsfit2_reference.txt, named as there.
 struct Problem {
   const char* name;
   PointModel model;

@@ -1,5 +1,5 @@
 #pragma once
-// Reads the reference fixtures of tests/data/stats written by scripts/gen-stats-fixtures:
+// Reads the reference fixtures of tests/fixtures/stats written by scripts/gen-stats-fixtures:
 // text files of lines "key value value ...", "#" comment lines, grouped into blocks that
 // each begin with an opening line ("case name", "problem name"). A value is a number or
 // the word "undefined" (where the reference tool gave no value).
@@ -39,9 +39,9 @@ struct FixtureBlock {
   double number(const std::string& key) const { return numbers(key).at(0); }
 };
 
-// The blocks of `file` (relative to tests/data) that open with the word `opening`.
+// The blocks of `file` (relative to tests/fixtures) that open with the word `opening`.
 inline std::vector<FixtureBlock> read_fixture(const std::string& file, const std::string& opening) {
-  std::ifstream in(std::string(TIDEMARK_TEST_DATA) + "/" + file);
+  std::ifstream in(std::string(TIDEMARK_FIXTURES) + "/" + file);
   std::vector<FixtureBlock> blocks;
   for (std::string line; std::getline(in, line);) {
     if (line.empty() || line[0] == '#') continue;

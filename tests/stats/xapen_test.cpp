@@ -27,7 +27,7 @@ struct Reference {
   std::map<int, int> hits_m1, hits_m2;  // lag -> matches
 };
 
-// From tests/data/stats/xapen/xapen_reference.py (an independent transcription, run once
+// From tests/fixtures/stats/xapen/xapen_reference.py (an independent transcription, run once
 // with python3; its output is copied here).
 const Reference kReferences[] = {
     {0.5,

@@ -16,7 +16,7 @@ using testing_support::run_file;
 using testing_support::run_tidemark;
 using testing_support::Scratch;
 
-const fs::path kData = fs::path(TIDEMARK_TEST_DATA) / "stats";
+const fs::path kData = fs::path(TIDEMARK_FIXTURES) / "stats";
 
 // A working folder holding the two data files.
 fs::path folder_with_data(Scratch& dir, const std::string& name) {

@@ -13,7 +13,7 @@ using testing_support::Scratch;
 using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
-// The series of tests/data/stats/correlation_reference.txt, sampled every 10 minutes.
+// The series of tests/fixtures/stats/correlation_reference.txt, sampled every 10 minutes.
 const std::vector<float> kA = {3, 1, 4, 1, 5, 9, 2, 6, 5, 3, 5, 8};
 const std::vector<float> kB = {2, 7, 1, 8, 2, 8, 1, 8, 2, 8, 4, 5};
 

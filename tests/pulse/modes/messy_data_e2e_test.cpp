@@ -39,7 +39,8 @@ class MessyPulseModes : public ::testing::Test {
                  "READ_NATIVE \"" + (kFixtures / "messy_pulses.dat").string() + "\"\n" +
                      "MODE Cluster8\nSET Half-Life = 1E10\nCLUSTER_CALCULATE\n"
                      "COPY_LST \"cluster8.lst\"\n"
-                     "READ_NATIVE \"" + (kFixtures / "messy_series.dat").string() + "\"\n" +
+                     "READ_NATIVE \"" +
+                     (kFixtures / "messy_series.dat").string() + "\"\n" +
                      "MODE Gold_Method\nSET Elimination Half-Life = 45\n"
                      "SET Kernel = Elimination Only\nGOLD_CALCULATE\nCOPY_LST \"gold.lst\"\n"
                      "EXIT\n");

@@ -24,11 +24,16 @@ using testing_support::value_after;
 // REPS 0); 26 are usable: a concentration above 0 and REPS other than 0.
 TEST(MessyStatsModes, ApEnAndCosineUseOnlyTheUsablePointsOfTheConditionedCropRange) {
   Scratch home, work;
-  const fs::path data = fs::path(TIDEMARK_FIXTURES) / "modes" / "messy_series.dat";
-  work.write("run.cmd", "READ_NATIVE \"" + data.string() +
-                            "\"\nMODE ApEn\nSET MC Cycles = 2\nAPEN_CALCULATE\n"
-                            "COPY_LST \"apen.lst\"\nMODE Cosine\nSET Period = 240\n"
-                            "COSINE_CALCULATE\nCOPY_LST \"cosine.lst\"\nEXIT\n");
+  const fs::path data = fs::path(TIDEMARK_FIXTURES) / "modes";
+  work.write("run.cmd",
+             "READ_NATIVE \"" + (data / "messy_series.dat").string() +
+                 "\"\nMODE ApEn\nSET MC Cycles = 2\nAPEN_CALCULATE\n"
+                 "COPY_LST \"apen.lst\"\nMODE Cosine\nSET Period = 240\n"
+                 "COSINE_CALCULATE\nCOPY_LST \"cosine.lst\"\n"
+                 "READ_NATIVE \"" +
+                 (data / "messy_series_zero.dat").string() +
+                 "\"\nMODE ApEn\nSET MC Cycles = 2\nAPEN_CALCULATE\nCOPY_LST \"zero.lst\"\n"
+                 "EXIT\n");
   const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
   ASSERT_EQ(run.status, 0) << run.err;
 
@@ -37,6 +42,9 @@ TEST(MessyStatsModes, ApEnAndCosineUseOnlyTheUsablePointsOfTheConditionedCropRan
   const std::string apen = Scratch::read(work / "apen.lst");
   EXPECT_NEAR(value_after(apen, "\nApEn(1,0.20,33) = "), 0.746097, 1e-5) << apen;
   EXPECT_NEAR(value_after(apen, "\nApEn(2,0.20,33) = "), 0.103594, 1e-5);
+  // The same series with a concentration of 0 (2 replicates) at time 60: not usable.
+  EXPECT_NEAR(value_after(Scratch::read(work / "zero.lst"), "\nApEn(1,0.20,33) = "), 0.788043,
+              1e-5);
 
   // The cosinor with Period 240 and Slope 0 held is linear in a cos, b sin and the mean:
   // the least-squares solution in closed form, amplitude sqrt(a² + b²), phase

@@ -5,6 +5,7 @@
 // program and the command fuzz target run the same set.
 #include "formula/modes/spreadsheet_commands.h"
 #include "pulse/modes/cluster8_module.h"
+#include "pulse/modes/decon_mode.h"
 #include "pulse/modes/gold_mode.h"
 #include "pulse/modes/simulate_commands.h"
 #include "shell/graph_commands.h"
@@ -24,10 +25,12 @@ inline shell::Components registered_components() {
   // 7 Deconv, 8 Gold_Method, 9 Periodic, 10 Pulse, 11 Pulse2, 12 Pulse4, 13 SRQuant,
   // 14 X_ApEn; parts.modules[index - 1] is the factory of mode `index`.
   parts.modules[1 - 1] = [](int) { return stats::make_apen_module(); };
+  parts.modules[2 - 1] = pulse::make_decon_mode;
   parts.modules[3 - 1] = [](int) { return pulse::make_cluster8_module(); };
   parts.modules[4 - 1] = [](int) { return stats::make_concordance_module(); };
   parts.modules[5 - 1] = [](int) { return stats::make_correlation_module(); };
   parts.modules[6 - 1] = stats::make_cosine_module;
+  parts.modules[7 - 1] = pulse::make_decon_mode;
   parts.modules[8 - 1] = [](int) { return pulse::make_gold_mode(); };
   parts.simulator = pulse::make_simulate_commands;
   parts.spreadsheet = formula::make_spreadsheet_commands;

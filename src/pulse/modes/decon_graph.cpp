@@ -67,7 +67,7 @@ std::string decon_graph(const DeconRun& run) {
   }
   w.panel("Weighted Residuals", 0.4);
   w.x_axis({.label = "Time"});
-  w.y_axis({.label = "(C - Fit) / SD"});
+  w.y_axis({.label = "Residual / SD"});
   w.begin_option("Show Residuals", graphics::When::kChecked, true);
   w.series("Residuals", {.symbol = graphics::Symbol::kCircle}, rx, ry);
   w.end_option();

@@ -124,14 +124,14 @@ TEST(AutoDecon, StartingFromNoEventsInsertsThem) {
 }
 
 // A floor a little under the figures measured on this small cell (8 series at 20-min
-// sampling and 5 % CV, seed 1: sensitivity 99.2 %, false positives 2.2 %, median
+// sampling and 5 % CV, seed 1: sensitivity 99.2 %, false positives 5.7 %, median
 // half-life error 13.4 %, Cluster8 42.9 %): a regression in AutoInit, the fit or the
 // triage shows here. docs/deconvolution.md has the full grid.
 TEST(DeconQuality, DetectionFloor) {
   core::Random random(1);
   const CellQuality q = measure_cell({20, 0.05, 8, 0.05}, random);
   EXPECT_GE(q.auto_decon.sensitivity(), 0.95);
-  EXPECT_LE(q.auto_decon.false_positive_share(), 0.06);
+  EXPECT_LE(q.auto_decon.false_positive_share(), 0.09);
   EXPECT_LE(q.auto_decon.half_life_error, 0.20);
   EXPECT_GT(q.auto_decon.sensitivity(), q.cluster8.sensitivity());
   EXPECT_EQ(q.failed, 0);

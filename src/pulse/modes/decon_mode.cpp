@@ -5,7 +5,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <fstream>
 #include <optional>
 #include <sstream>
 
@@ -101,28 +100,27 @@ class DeconMode : public shell::Module {
 
   const ui::Dialog& dialog() const override { return dialog_; }
   std::string settings_file() const override { return "do_decon.ini"; }
-  std::vector<std::string> prefixes() const override { return {"DECON"}; }
 
-  shell::Outcome calculate(shell::ModuleContext& c) override {
+  shell::ModeResult calculate(shell::ModuleContext& c) override {
     data::DataSet& set = c.store.current();
     const data::ConditionResult conditioned = data::condition(set, false, c.ui, c.log);
     if (!conditioned.ok) {
-      return shell::Outcome::error({"The data set could not be conditioned: " + conditioned.message});
+      return shell::ModeResult::failed({"The data set could not be conditioned: " + conditioned.message});
     }
     DeconRun run;
     run.mode_name = variant_ == 0 ? "AutoDecon" : "Deconv";
     run.file_name = set.file_name;
     run.handle = set.handle;
-    run.source = static_cast<EventSource>(std::get<int>(c.values[kSourceField]));
+    run.source = static_cast<EventSource>(c.value<int>(kSourceField));
     run.critical_p = real(c.values, kCriticalPField);
     if (auto refused = take_samples(set, run)) return *refused;
     if (!(run.critical_p > 0 && run.critical_p < 1)) {
-      return shell::Outcome::error({"The Critical P must lie between 0 and 1."});
+      return shell::ModeResult::failed({"The Critical P must lie between 0 and 1."});
     }
 
     std::string problem;
     const std::optional<ModelVector> start = starting_vector(run, c, problem);
-    if (!start) return shell::Outcome::error({problem});
+    if (!start) return shell::ModeResult::failed({problem});
     if (variant_ == 0) {
       AutoDeconOptions options;
       options.critical_p = run.critical_p;
@@ -131,22 +129,20 @@ class DeconMode : public shell::Module {
       run.result = fit_and_test({run.time, run.concentration, run.sd}, *start);
     }
     if (!run.result.ok()) {
-      // The listing says why; the previous results, the data set and the dialog stay.
-      core::replace_file(c.listing, decon_listing(run));
+      // The listing says why; the data set and the dialog stay as they were.
       const DeconFitResult& f = run.result.fit;
-      return shell::Outcome::error({fmt::format("The fit failed with code {}: {}",
-                                                stats::code_number(f.code), f.message)});
+      shell::ModeOutput output;
+      output.listing = decon_listing(run);
+      return shell::ModeResult::failed(
+          {fmt::format("The fit failed with code {}: {}", stats::code_number(f.code), f.message)},
+          std::move(output));
     }
-    finish(run, c);
     if (run.auto_init_ran && !run.init.ok()) {
       c.ui.message(run.init.status == AutoInitStatus::kNoEvents ? run.mode_name : kAutoInitFailedTitle,
                    {run.init.message});
     }
-    return shell::Outcome::success();
+    return shell::ModeResult::done(finish(run, c));
   }
-
-  bool store_results() override { return results_.store(); }
-  bool recall_results() override { return results_.recall(); }
 
   bool handle(std::string_view command, shell::ModuleContext& c) override {
     const std::string upper = core::to_upper(core::trim(command));
@@ -168,7 +164,7 @@ class DeconMode : public shell::Module {
 
  private:
   // Refuses a set that cannot be fitted: too few usable points, no positive SD.
-  std::optional<shell::Outcome> take_samples(const data::DataSet& set, DeconRun& run) const {
+  std::optional<shell::ModeResult> take_samples(const data::DataSet& set, DeconRun& run) const {
     int without_sd = 0;
     for (int p = set.first_point(); p <= set.last_point(); ++p) {
       const auto i = static_cast<std::size_t>(p - 1);
@@ -185,10 +181,10 @@ class DeconMode : public shell::Module {
     }
     if (static_cast<int>(run.time.size()) >= kMinSamples) return std::nullopt;
     if (without_sd > 0 && run.time.empty()) {
-      return shell::Outcome::error({"The SD column holds no positive value: the fit weighs each "
+      return shell::ModeResult::failed({"The SD column holds no positive value: the fit weighs each "
                                     "sample by 1/SD^2 and needs SDs above 0."});
     }
-    return shell::Outcome::error({fmt::format(
+    return shell::ModeResult::failed({fmt::format(
         "Too few samples to deconvolve: {} with a concentration and a positive SD, at least {} "
         "needed.", run.time.size(), kMinSamples)});
   }
@@ -247,15 +243,17 @@ class DeconMode : public shell::Module {
     return v;
   }
 
-  // Writes the listing, graph, answers, slots and summary row; keeps the run.
-  void finish(DeconRun& run, shell::ModuleContext& c) {
-    data::DataSet& set = c.store.current();
-    core::replace_file(c.listing, decon_listing(run));
-    core::replace_file(c.graph, decon_graph(run));
-    std::ofstream(c.answers, std::ios::app) << decon_answers(run);
-    put_decon_results(set, run);
-    put_decon_summary(set.summary, run);
-    c.log.log(decon_log_line(run));
+  // The listing, graph, answers, log line, summary cells and events for the frame to
+  // write; the model parameters go into the data set's answers 1..8.
+  shell::ModeOutput finish(DeconRun& run, shell::ModuleContext& c) {
+    shell::ModeOutput output;
+    output.listing = decon_listing(run);
+    output.graph = decon_graph(run);
+    output.answers = decon_answers(run);
+    output.log_lines = {decon_log_line(run)};
+    put_decon_summary(output.summary, run);
+    output.events = decon_events(run);
+    put_model_parameters(c.store.current(), run);
     // The fitted values become the next starting values, and Deconv's working list.
     const ModelVector& v = run.result.fit.model;
     for (int j = 0; j < v.layout.first_event_index(); ++j) c.values[static_cast<std::size_t>(j)] = v.values[j];
@@ -267,7 +265,7 @@ class DeconMode : public shell::Module {
         working_->push_back({v.values[p], v.values[p + 1], v.free[p]});
       }
     }
-    results_.current = std::move(run);
+    return output;
   }
 
   // Carries out one event command; the problem in words, or empty.
@@ -320,7 +318,6 @@ class DeconMode : public shell::Module {
 
   int variant_;
   ui::Dialog dialog_;
-  shell::KeptResults<DeconRun> results_;
   // Deconv's events between calculations; empty until the first calculation or command.
   std::optional<std::vector<WorkEvent>> working_;
 };

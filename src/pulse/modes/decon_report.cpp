@@ -22,17 +22,21 @@ std::string g(double v) {
 
 }  // namespace
 
-void put_decon_results(data::DataSet& set, const DeconRun& run) {
+void put_model_parameters(data::DataSet& set, const DeconRun& run) {
   const ModelVector& v = run.result.fit.model;
   std::array<double, data::kModelParameterCount> fixed;
   fixed.fill(core::kMissing);
   for (int j = 0; j < v.layout.first_event_index(); ++j) fixed[j] = v.values[j];
   data::set_model_parameters(set, fixed);
+}
+
+std::vector<data::SecretionEvent> decon_events(const DeconRun& run) {
+  const ModelVector& v = run.result.fit.model;
   std::vector<data::SecretionEvent> events;
   for (int e = 0; e < v.layout.events; ++e) {
     events.push_back({v.values[v.layout.position_index(e)], v.values[v.layout.log_height_index(e)]});
   }
-  data::set_secretion_events(set, events);
+  return events;
 }
 
 void put_decon_summary(data::SummaryRow& row, const DeconRun& run) {

@@ -6,13 +6,16 @@
 #include <vector>
 
 #include "data/dataset.h"
+#include "data/secretion_events.h"
 #include "pulse/modes/decon_run.h"
 
 namespace tidemark::pulse {
 
-// Answers 1..8 the fitted parameters (missing beyond the half-lives), then the events
-// (data/secretion_events.h).
-void put_decon_results(data::DataSet& set, const DeconRun& run);
+// Answers 1..8 of `set`: the fitted parameters (missing beyond the half-lives).
+void put_model_parameters(data::DataSet& set, const DeconRun& run);
+
+// The fitted events, for the data set's answers slots after the parameters.
+std::vector<data::SecretionEvent> decon_events(const DeconRun& run);
 
 // Summary-book columns B to I: "Decon # Events", "Decon Mean Interval", "Decon Basal
 // Secretion", "Decon Pulsatile Secretion", "Decon Half-Life(1)", "Decon Half-Life(2)",

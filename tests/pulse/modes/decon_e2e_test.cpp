@@ -76,7 +76,7 @@ TEST(DeconProgram, DeconvFitsTheEventsTheUserGives) {
             std::string::npos) << run.err;
   const std::string listing = Scratch::read(work / "deconv.lst");
   EXPECT_EQ(listing.rfind(" Deconv Deconvolution\n", 0), 0u) << listing;
-  EXPECT_NE(listing.find(" Number of Events =    4\n"), std::string::npos) << listing;
+  EXPECT_NE(listing.find(" Number of Events =     4\n"), std::string::npos) << listing;
   EXPECT_EQ(listing.find("AutoInit Estimated"), std::string::npos);
   // The fixed fourth event stays where it was put.
   EXPECT_NE(listing.find("     4     1090.0    "), std::string::npos) << listing;
@@ -89,8 +89,9 @@ TEST(DeconProgram, RefusedInputLeavesTheDataSetAndSaysWhy) {
     const char* message;
   };
   const Case cases[] = {
+      // The data conditioner refuses SDs of zero before the fit sees them.
       {"SDs of zero", "SIMULATE SEED=3 NOISE_CV=0 HANDLE=SIM\nMODE AutoDecon\nDECON_CALCULATE\n",
-       "The SD column holds no positive value"},
+       "has too small of an uncertainty"},
       {"too few points", "SIMULATE SEED=3 SAMPLES=5 HANDLE=SIM\nMODE AutoDecon\nDECON_CALCULATE\n",
        "Too few samples to deconvolve: 5"},
       {"half-life beyond the span",

@@ -5,6 +5,7 @@
 // program and the command fuzz target run the same set.
 #include "formula/modes/spreadsheet_commands.h"
 #include "pulse/modes/cluster8_mode.h"
+#include "pulse/modes/decon_mode.h"
 #include "pulse/modes/gold_mode.h"
 #include "pulse/modes/simulate_commands.h"
 #include "shell/graph_commands.h"
@@ -23,6 +24,8 @@ inline shell::Components registered_components() {
   parts.simulator = pulse::make_simulate_commands;
   parts.spreadsheet = formula::make_spreadsheet_commands;
   shell::register_mode(parts.modules, "ApEn", [](int) { return stats::make_apen_mode(); });
+  shell::register_mode(parts.modules, "AutoDecon", pulse::make_decon_mode);
+  shell::register_mode(parts.modules, "Deconv", pulse::make_decon_mode);
   shell::register_mode(parts.modules, "Cluster8", [](int) { return pulse::make_cluster8_mode(); });
   shell::register_mode(parts.modules, "Concordance",
                        [](int) { return stats::make_concordance_mode(); });

@@ -43,11 +43,13 @@ struct ModelConstants {
   std::array<ModelEvent, kMaxEvents> event;
 };
 
-// Checks the arrays against the layout and unpacks the vector into `out`. Fails with
+// Checks the vector against the layout and unpacks it into `out`. Fails with
 // kInvalidInput when they do not fit or a value cannot be evaluated (see ModelStatus).
 ModelResult prepare_model(std::span<const double> params, const ModelLayout& layout,
-                          std::span<const float> times, std::span<const float> concentration,
-                          ModelConstants& out);
+                          std::span<const float> times, ModelConstants& out);
+
+// kInvalidInput when `samples` output values are not one per sample time.
+ModelResult check_sample_count(std::span<const float> times, std::size_t samples);
 
 // The failure of the guard that fired at sample i.
 ModelResult guard_failure(std::string_view message, int sample);
@@ -65,7 +67,8 @@ ModelResult evaluate_model_with(std::span<const double> params, const ModelLayou
                                 std::span<const float> times, std::span<float> concentration,
                                 ErfFactor factor = {}) {
   ModelConstants m;
-  if (ModelResult r = prepare_model(params, layout, times, concentration, m); !r.ok()) return r;
+  if (ModelResult r = check_sample_count(times, concentration.size()); !r.ok()) return r;
+  if (ModelResult r = prepare_model(params, layout, times, m); !r.ok()) return r;
 
   // E(x_0) does not depend on the sample.
   std::array<std::array<double, kMaxEvents>, 3> e_at_zero;

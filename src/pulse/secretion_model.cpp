@@ -39,17 +39,18 @@ ModelResult guard_failure(std::string_view message, int sample) {
   return {ModelStatus::kOutsideRegion, message, sample};
 }
 
+ModelResult check_sample_count(std::span<const float> times, std::size_t samples) {
+  if (times.size() != samples) return invalid("sample times and concentrations differ in number");
+  return {};
+}
+
 ModelResult prepare_model(std::span<const double> params, const ModelLayout& layout,
-                          std::span<const float> times, std::span<const float> concentration,
-                          ModelConstants& out) {
+                          std::span<const float> times, ModelConstants& out) {
   if (!layout.valid()) {
     return invalid("the model takes 1 to 3 half-lives and 0 to 96 events");
   }
   if (params.size() != static_cast<std::size_t>(layout.size())) {
     return invalid("parameter vector length does not match the half-lives and events");
-  }
-  if (times.size() != concentration.size()) {
-    return invalid("sample times and concentrations differ in number");
   }
   if (!all_finite(params)) return invalid("a model parameter is not a finite number");
   if (!all_finite(times)) return invalid("a sample time is not a finite number");

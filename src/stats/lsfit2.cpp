@@ -206,11 +206,12 @@ Lsfit2Result lsfit2(const Lsfit2Problem& problem) {
         small_step = small_step && std::abs(step[k]) <=
                                        options.relative_tolerance * std::max(std::abs(p[j]), 1.0);
       }
-      if (!fitter.evaluate(trial, trial_r, trial_jac, message)) {
+      const bool evaluated = fitter.evaluate(trial, trial_r, trial_jac, message);
+      if (!evaluated && !options.reject_failed_steps) {
         return failure(result, Lsfit2Code::kModelFailed, message);
       }
-      const double trial_s = trial_r.squaredNorm();
-      if (trial_s <= s) {
+      const double trial_s = evaluated ? trial_r.squaredNorm() : s;
+      if (evaluated && trial_s <= s) {
         converged = small_step || s - trial_s <= options.relative_tolerance * s ||
                     trial_s <= options.absolute_tolerance;
         p = trial;

@@ -62,6 +62,10 @@ struct Lsfit2Options {
   // Relative step of the central differences: h = step * max(|p|, |start|), with 1 in
   // place of a start of 0.
   double derivative_step = 1e-6;
+  // When set, a trial step at which the model fails is rejected like one that raises S
+  // (lambda grows tenfold) instead of ending the fit: for models with a region outside
+  // which they cannot be evaluated. The starting values must still evaluate.
+  bool reject_failed_steps = false;
 };
 
 struct Lsfit2Problem {

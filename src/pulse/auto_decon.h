@@ -1,0 +1,61 @@
+#pragma once
+// AutoDecon: the automatic search for secretion events. Starting from a set of events
+// (AutoInit's, Cluster8's, the data set's or none) it fits, inserts an event where the
+// residuals call for one, and removes events that the nested F test does not support,
+// until an inserted event does not survive; then a last fit with every free entry free.
+#include <string>
+#include <vector>
+
+#include "pulse/decon_fit.h"
+#include "pulse/event_test.h"
+
+namespace tidemark::pulse {
+
+struct AutoDeconOptions {
+  double critical_p = 0.05;  // an event whose P exceeds this is removed
+  int max_rounds = kMaxEvents;
+  DeconFitOptions fit;
+};
+
+enum class AutoDeconStatus {
+  kOk,
+  kFitFailed,  // the first fit failed: `fit` holds its code and message
+};
+
+struct AutoDeconResult {
+  AutoDeconStatus status = AutoDeconStatus::kOk;
+  std::string message;
+  DeconFitResult fit;              // the last fit (every user-free entry free)
+  std::vector<double> p_values;    // per event of `fit`
+  int insertions = 0;              // events inserted and kept
+  int removals = 0;                // events removed by the triage
+  bool final_fit_failed = false;   // the last fit failed; `fit` is the loop's
+
+  bool ok() const { return status == AutoDeconStatus::kOk; }
+};
+
+// Runs the search on `series` from `start`. The secretion SD and the half-lives (with
+// their fractions) are held during the search and freed for the last fit where `start`
+// marks them free; the other entries keep their flags, and inserted events are free.
+AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
+                           const AutoDeconOptions& options = {});
+
+// One Deconv run: a fit of `start` with its flags, and the test of every event.
+AutoDeconResult fit_and_test(const DeconSeries& series, const ModelVector& start,
+                             const DeconFitOptions& options = {});
+
+// The best place for a new event in the residuals of `fit`: the time (among the sample
+// times and the midpoints between them, at least half an interval from every event) at
+// which one event's concentration curve, matched against the weighted residuals, scores
+// highest: score = sum r_i h_i / sqrt(sum h_i^2), r_i = (c_i - C_i) / sd_i and h_i the
+// curve of a unit event divided by sd_i; its LogHeight is log10 of the least-squares
+// amplitude sum r_i h_i / sum h_i^2. `found` is false when no candidate scores above 0.
+struct Insertion {
+  bool found = false;
+  double position = 0;
+  double log_height = 0;
+  double score = 0;
+};
+Insertion best_insertion(const DeconSeries& series, const DeconFitResult& fit);
+
+}  // namespace tidemark::pulse

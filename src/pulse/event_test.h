@@ -1,0 +1,36 @@
+#pragma once
+// The significance of each secretion event of a fit: the nested F test of the fit with
+// the event against the fit without it.
+#include <vector>
+
+#include "pulse/decon_fit.h"
+
+namespace tidemark::pulse {
+
+// P of the nested F test that drops one event (its POSITION and LogHeight, 2 degrees of
+// freedom):
+//   F = ((SSR_without - SSR_with) / 2) / (SSR_with / d),  d = N - p,
+//   P = P(F(2, d) > F) = (1 + 2 F / d)^(-d / 2)   (the F(2, d) tail in closed form).
+// 1 when the event does not lower SSR; 0 when SSR_with is 0 and SSR_without is not.
+double event_p_value(double ssr_with, double ssr_without, int degrees_of_freedom);
+
+struct EventTestResult {
+  std::vector<double> p_values;  // per event of the fit, in order
+  std::vector<double> ssr_without;
+};
+
+// Tests every event of `fit` (a successful fit of `series`): refits without the event,
+// with the same free entries except the other events' positions (held, so that no
+// neighbour moves over into the removed event's place), from the fitted values, for at most options.test_iterations
+// steps (a refit stopped there counts with its SSR, which can only lie above the
+// minimum's); a refit that fails counts with the SSR of the fitted vector minus the event
+// (not refitted).
+EventTestResult test_events(const DeconSeries& series, const DeconFitResult& fit,
+                            const DeconFitOptions& options = {});
+
+// P of every event without refitting: the SSR of the fitted vector minus the event can
+// only lie above the refitted one, so each of these P values is at most the refitted
+// test's. An event whose screened P exceeds a critical P fails the full test too.
+std::vector<double> screen_events(const DeconSeries& series, const DeconFitResult& fit);
+
+}  // namespace tidemark::pulse

@@ -1,0 +1,117 @@
+// The program itself on command files: AutoDecon and Deconv on simulated data sets, the
+// Deconv event commands, and refused input.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "data/native_reader.h"
+#include "data/secretion_events.h"
+#include "shell/program_runner.h"
+#include "ui/console_ui.h"
+
+namespace tidemark::pulse {
+namespace {
+
+using testing_support::run_tidemark;
+using testing_support::Scratch;
+
+// Four events of mass 10 (LogHeight 0 at SD 4) on a basal level of 6.5, half-life 45.
+constexpr const char* kSimulate =
+    "SIMULATE SEED=3 EVENTS=200:0,500:0,800:0,1100:0 NOISE_CV=0.05 HANDLE=SIM\n";
+
+TEST(DeconProgram, AutoDeconFindsTheEventsAndKeepsThemOnTheDataSet) {
+  Scratch home, work;
+  work.write("run.cmd", std::string(kSimulate) +
+                            "MODE AutoDecon\n"
+                            "DECON_CALCULATE\n"
+                            "COPY_LST \"decon.lst\"\n"
+                            "SAVE_GRF_PNG \"decon.png\"\n"
+                            "WRITE_NATIVE \"out.dat\"\n"
+                            "EXIT\n");
+  const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
+  ASSERT_EQ(run.status, 0) << run.err;
+  const std::string listing = Scratch::read(work / "decon.lst");
+  EXPECT_EQ(listing.rfind(" AutoDecon Deconvolution\n", 0), 0u) << listing;
+  EXPECT_NE(listing.find(" AutoInit Estimated SD ="), std::string::npos);
+  EXPECT_NE(listing.find(" AutoInit Estimated HL ="), std::string::npos);
+
+  data::Store store;
+  ui::RecordingUi ui;
+  ui::MemoryLog log;
+  ASSERT_TRUE(data::read_native(store, (work / "out.dat").string(), ui, log));
+  const auto events = data::secretion_events(store.current());
+  // Every true event is found; at the critical P of 0.05 one false event may pass.
+  ASSERT_GE(events.size(), 4u);
+  EXPECT_LE(events.size(), 5u);
+  for (const double truth : {200.0, 500.0, 800.0, 1100.0}) {
+    const bool found = std::any_of(events.begin(), events.end(), [&](const data::SecretionEvent& e) {
+      return std::fabs(e.position - truth) < 10.0;
+    });
+    EXPECT_TRUE(found) << truth;
+  }
+  EXPECT_NEAR(store.current().answers[3], 45.0, 9.0);  // HALF-LIFE(1)
+}
+
+TEST(DeconProgram, DeconvFitsTheEventsTheUserGives) {
+  Scratch home, work;
+  work.write("run.cmd", std::string(kSimulate) +
+                            "MODE Deconv\n"
+                            "SET Starting Events = None\n"
+                            "SET HALF-LIFE(1) = 40\n"
+                            "SET SEC. SD. = 5\n"
+                            "DECON_EVENT_ADD 190 0.1\n"
+                            "DECON_EVENT_ADD 510\n"
+                            "DECON_EVENT_ADD 810\n"
+                            "DECON_EVENT_ADD 1000\n"
+                            "DECON_EVENT_REMOVE 4\n"
+                            "DECON_EVENT_ADD 1090\n"
+                            "DECON_EVENT_FIX 4\n"
+                            "DECON_CALCULATE\n"
+                            "COPY_LST \"deconv.lst\"\n"
+                            "DECON_EVENT_REMOVE 9\n"
+                            "EXIT\n");
+  const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
+  EXPECT_NE(run.err.find("DECON_EVENT_REMOVE takes the number of an event, 1 to 4."),
+            std::string::npos) << run.err;
+  const std::string listing = Scratch::read(work / "deconv.lst");
+  EXPECT_EQ(listing.rfind(" Deconv Deconvolution\n", 0), 0u) << listing;
+  EXPECT_NE(listing.find(" Number of Events =     4\n"), std::string::npos) << listing;
+  EXPECT_EQ(listing.find("AutoInit Estimated"), std::string::npos);
+  // The fixed fourth event stays where it was put.
+  EXPECT_NE(listing.find("     4     1090.0    "), std::string::npos) << listing;
+}
+
+TEST(DeconProgram, RefusedInputLeavesTheDataSetAndSaysWhy) {
+  struct Case {
+    const char* name;
+    std::string commands;
+    const char* message;
+  };
+  const Case cases[] = {
+      // The data conditioner refuses SDs of zero before the fit sees them.
+      {"SDs of zero", "SIMULATE SEED=3 NOISE_CV=0 HANDLE=SIM\nMODE AutoDecon\nDECON_CALCULATE\n",
+       "has too small of an uncertainty"},
+      {"too few points", "SIMULATE SEED=3 SAMPLES=5 HANDLE=SIM\nMODE AutoDecon\nDECON_CALCULATE\n",
+       "Too few samples to deconvolve: 5"},
+      {"half-life beyond the span",
+       std::string(kSimulate) + "MODE Deconv\nSET Starting Events = None\nSET HALF-LIFE(1) = 5000\nDECON_CALCULATE\n",
+       "HALF-LIFE(1) = 5000.0 lies outside the series' span"},
+  };
+  for (const Case& c : cases) {
+    Scratch home, work;
+    work.write("run.cmd", c.commands + "WRITE_NATIVE \"out.dat\"\nEXIT\n");
+    const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
+    EXPECT_EQ(run.status, 1) << c.name;
+    EXPECT_NE(run.err.find(c.message), std::string::npos) << c.name << ": " << run.err;
+    data::Store store;
+    ui::RecordingUi ui;
+    ui::MemoryLog log;
+    ASSERT_TRUE(data::read_native(store, (work / "out.dat").string(), ui, log)) << c.name;
+    // No deconvolution result reached the answers: the simulation's truth stands.
+    EXPECT_EQ(store.current().answers[3], 45.0) << c.name;
+  }
+}
+
+}  // namespace
+}  // namespace tidemark::pulse

@@ -7,6 +7,7 @@
 #include "pulse/modes/cluster8_events.h"
 #include "pulse/modes/cluster8_graph.h"
 #include "pulse/modes/cluster8_listing.h"
+#include "pulse/modes/cluster8_summary.h"
 
 namespace tidemark::pulse {
 namespace {
@@ -33,6 +34,7 @@ class Cluster8Module : public shell::Module {
     if (!result.ok()) return shell::Outcome::error({"CLUSTER8 ERROR", result.message});
 
     set_secretion_events(set, cluster8_events(result));
+    put_cluster8_summary(set.summary, result);
     std::ofstream(c.answers, std::ios::app) << cluster8_answers(set.file_name, result);
     for (const std::string& line : cluster8_log_lines(set.file_name, result)) c.log.log(line);
     const auto drawn = core::replace_file(c.graph, cluster8_graph(set, result, settings));

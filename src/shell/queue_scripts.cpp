@@ -55,7 +55,7 @@ command -v parallel >/dev/null || { echo "GNU parallel is not installed" >&2; ex
 for f in "$q"/running/BQ_*_.bat; do [ -e "$f" ] && mv "$f" "$q/"; done
 "$q/BQ_progress.sh" --every-second &
 progress=$!
-parallel --will-cite -j "${TIDEMARK_JOBS:-100%}" "$q/BQ_run.sh" :::: "$q/BQ_jobs.txt"
+parallel --will-cite -q -j "${TIDEMARK_JOBS:-100%}" "$q/BQ_run.sh" :::: "$q/BQ_jobs.txt"
 kill "$progress" 2>/dev/null
 wait "$progress" 2>/dev/null
 "$q/BQ_progress.sh"

@@ -13,7 +13,7 @@ std::string sh_quote(std::string_view text) {
 }
 
 std::string job_runner_script(const std::string& program) {
-  return fmt::format(R"(#!/bin/sh
+  return fmt::format(R"sh(#!/bin/sh
 # Runs job $1 of this queue folder. The job is taken by renaming its command file into
 # running/: a rename is atomic, so of two computers or cores only one can take a job,
 # and a job already taken, or finished, is skipped. The program reads the command file
@@ -30,22 +30,22 @@ else
   mv "$q/running/${{job}}_.bat" "$q/${{job}}_.bat"
 fi
 exit 0
-)",
+)sh",
                      sh_quote(program));
 }
 
 std::string worker_script() {
-  return R"(#!/bin/sh
+  return R"sh(#!/bin/sh
 # Runs every job still waiting in this queue folder, one after the other. Start it on
 # each computer (or core) that shares the folder: each job runs once.
 q=$(cd "${0%/*}" && pwd) || exit 2
 while read -r job; do "$q/BQ_run.sh" "$job"; done <"$q/BQ_jobs.txt"
 "$q/BQ_progress.sh"
-)";
+)sh";
 }
 
 std::string parallel_script() {
-  return R"(#!/bin/sh
+  return R"sh(#!/bin/sh
 # Runs the jobs still waiting in this queue folder on all cores of this computer through
 # GNU parallel (TIDEMARK_JOBS sets the number at once; default one per core). Jobs that
 # a stopped run left in running/ go back to the queue first, so a rerun runs every job
@@ -59,11 +59,11 @@ parallel --will-cite -q -j "${TIDEMARK_JOBS:-100%}" "$q/BQ_run.sh" :::: "$q/BQ_j
 kill "$progress" 2>/dev/null
 wait "$progress" 2>/dev/null
 "$q/BQ_progress.sh"
-)";
+)sh";
 }
 
 std::string progress_script() {
-  return R"(#!/bin/sh
+  return R"sh(#!/bin/sh
 # Prints how many jobs of this queue folder are done, failed and left. With
 # --every-second it repeats the count until it is stopped, on one line when standard
 # error is a terminal.
@@ -82,11 +82,11 @@ if [ "$1" = --every-second ]; then
   done
 fi
 line >&2
-)";
+)sh";
 }
 
 std::string slurm_script(const std::string& folder, int job_count) {
-  return fmt::format(R"(#!/bin/sh
+  return fmt::format(R"sh(#!/bin/sh
 #SBATCH --job-name=tidemark-queue
 #SBATCH --array=1-{}
 #SBATCH --ntasks=1
@@ -95,7 +95,7 @@ std::string slurm_script(const std::string& folder, int job_count) {
 # (or "sbatch --wait" to wait for the whole array), and follow it with BQ_progress.sh.
 q={}
 exec "$q/BQ_run.sh" "$(printf 'BQ_%04d' "$SLURM_ARRAY_TASK_ID")"
-)",
+)sh",
                      job_count, sh_quote(folder));
 }
 

@@ -147,7 +147,7 @@ void reset(std::string_view, Session& session) {
   session.carried_out("RESET", "RESET THE PROGRAM");
 }
 
-constexpr std::array<NamedCommand, 7> kCommands{{
+constexpr std::array<NamedCommand<Session>, 7> kCommands{{
     {"READ_NATIVE", read_native},
     {"READ_CSV", read_csv},
     {"WRITE_NATIVE", write_native},

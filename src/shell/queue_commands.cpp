@@ -103,7 +103,7 @@ void collect_jobs(std::string_view command, Session& session) {
                                   c.done, c.failed, left));
 }
 
-constexpr std::array<NamedCommand, 2> kCommands{{
+constexpr std::array<NamedCommand<Session>, 2> kCommands{{
     {"QUEUE_JOBS", queue_jobs},
     {"COLLECT_JOBS", collect_jobs},
 }};

@@ -45,8 +45,9 @@ class Importer {
       : header_(table.rows.front()), options_(options) {}
 
   bool choose(Columns& c) {
-    if (!find(options_.time, 0, c.time)) return false;
     if (!options_.subject.empty() && !find(options_.subject, -1, c.subject)) return false;
+    // Without a name the time is the first column, or the second when the subject is first.
+    if (!find(options_.time, c.subject == 0 ? 1 : 0, c.time)) return false;
     if (!find_all(options_.sem, c.sem) || !find_all(options_.reps, c.reps)) return false;
     if (!options_.conc.empty()) {
       if (!find_all(options_.conc, c.conc)) return false;

@@ -2,7 +2,7 @@
 // Turns a lab's comma-separated export into data sets. The header row names the columns;
 // the options choose them by name (letter case and surrounding blanks ignored):
 //
-//   time      the sampling times (default: the first column)
+//   time      the sampling times (default: the first column not the subject's)
 //   conc      one or more concentration columns; several give one data set each (wide
 //             format). Default: every column not chosen for something else
 //   sem, reps the standard error and replicate columns, one per concentration column

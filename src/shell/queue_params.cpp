@@ -9,7 +9,9 @@ std::vector<QueueEntry> parse_queue_parameters(std::string_view text) {
   std::size_t start = 0;
   while (start < text.size()) {
     const std::size_t end = std::min(text.find('\n', start), text.size());
-    const std::string_view line = core::trim(text.substr(start, end - start));
+    std::string_view line = text.substr(start, end - start);
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    line = core::trim(line);
     start = end + 1;
     if (line.empty() || line.front() == '!') continue;
     const std::size_t bar = line.rfind(" | ");

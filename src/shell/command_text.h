@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tidemark::shell {
 
@@ -15,9 +16,19 @@ namespace tidemark::shell {
 // both taken in upper case (so "Read_Native" is READ_NATIVE, and so is "READ_NATIVEX").
 bool command_is(std::string_view command, std::string_view name);
 
-// The argument after the name `name`: the text inside the first pair of double quotes
-// when there is one, else the rest of the command without surrounding blanks.
+// The argument after the name `name`: the text inside double quotes when there is one
+// (up to the first double quote that a blank or the end of the command follows, so that a
+// quoted name may itself hold double quotes), else the rest of the command without
+// surrounding blanks.
 std::string command_argument(std::string_view command, std::string_view name);
+
+// What follows a quoted argument (READ_CSV "f.csv" TIME=min -> "TIME=min"); empty when
+// the argument is not quoted or nothing follows it.
+std::string text_after_argument(std::string_view command, std::string_view name);
+
+// Every argument in double quotes, in order (QUEUE_JOBS "a.tpl" "b.par" -> a.tpl, b.par),
+// each closed as command_argument closes it.
+std::vector<std::string> quoted_arguments(std::string_view command, std::string_view name);
 
 // The command a line of a command file (or of typed input) holds: the line without
 // surrounding blanks and its line end, cut to 1024 characters; no value for a blank line

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/text.h"
+#include "data/csv_reader.h"
 #include "data/csv_writer.h"
 #include "data/native_reader.h"
 #include "data/native_writer.h"
@@ -51,6 +52,26 @@ void read_native(std::string_view command, Session& session) {
 }
 
 constexpr std::string_view kCsvFilter = "CSV Files (*.csv)|*.csv|All Files (*.*)|*.*|";
+
+// READ_CSV "file" TIME=... CONC=...: the options follow the quoted file name; a file
+// chosen by the user is read with the default columns.
+void read_csv(std::string_view command, Session& session) {
+  data::CsvImportOptions options;
+  std::string message;
+  if (!data::parse_csv_options(text_after_argument(command, "READ_CSV"), options, message)) {
+    session.error("ERROR READING DATA FILE", {"Could Not Read The Data File", message});
+    return;
+  }
+  const ui::FileRequest request{
+      "Select a name for the csv input file", std::string(kCsvFilter), {}, false};
+  const auto file = session.file_argument(command, "READ_CSV", request);
+  if (!file) return;
+  if (!data::read_csv(session.store(), *file, options, session.ui(), session.files())) {
+    session.files().log("READ FAILED " + *file);
+    return session.note_failure();
+  }
+  session.carried_out(command_with_file("READ_CSV", *file) + data::csv_options_text(options), {});
+}
 
 // Writes a file that the command names, or that the user chooses (`request` offers a
 // name), with `write`; refused while the store is empty. True when the file was written.
@@ -126,8 +147,9 @@ void reset(std::string_view, Session& session) {
   session.carried_out("RESET", "RESET THE PROGRAM");
 }
 
-constexpr std::array<NamedCommand<Session>, 6> kCommands{{
+constexpr std::array<NamedCommand<Session>, 7> kCommands{{
     {"READ_NATIVE", read_native},
+    {"READ_CSV", read_csv},
     {"WRITE_NATIVE", write_native},
     {"WRITE_CSV", write_csv},
     {"WRITE_SUMMARY_BOOKS", write_summary_books},

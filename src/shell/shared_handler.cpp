@@ -13,6 +13,7 @@
 #include "shell/command_table.h"
 #include "shell/command_text.h"
 #include "shell/data_commands.h"
+#include "shell/queue_commands.h"
 #include "shell/modes.h"
 #include "shell/run_file_commands.h"
 
@@ -114,6 +115,7 @@ constexpr std::array<NamedCommand<Session>, 5> kCommands{{
 
 bool handle_shared_command(std::string_view command, Session& session) {
   if (handle_data_command(command, session)) return true;
+  if (handle_queue_command(command, session)) return true;
   if (handle_run_file_command(command, session)) return true;
   if (dispatch(kCommands, command, session)) return true;
   // Then, in this order: the graph view, the simulator, the data spreadsheet.

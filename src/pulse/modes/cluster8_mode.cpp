@@ -4,6 +4,7 @@
 #include "pulse/modes/cluster8_events.h"
 #include "pulse/modes/cluster8_graph.h"
 #include "pulse/modes/cluster8_listing.h"
+#include "pulse/modes/cluster8_summary.h"
 
 namespace tidemark::pulse {
 namespace {
@@ -61,6 +62,7 @@ class Cluster8Mode : public shell::Module {
     output.answers = cluster8_answers(set.file_name, result);
     output.log_lines = cluster8_log_lines(set.file_name, result);
     output.events = cluster8_events(result);
+    put_cluster8_summary(output.summary, result);
     return shell::ModeResult::done(std::move(output));
   }
 };

@@ -1,0 +1,35 @@
+#pragma once
+// Writing a job queue into its folder: one command file per data file, the list of
+// jobs, and the scripts that run them (see queue_scripts.h).
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "shell/queue_params.h"
+
+namespace tidemark::shell {
+
+struct QueuePlan {
+  std::filesystem::path folder;      // made when missing; must not hold a queue already
+  std::string template_text;         // the *.tpl file's text
+  std::vector<QueueEntry> entries;   // the *.par file's data files
+  std::filesystem::path base;        // relative data file names are taken from here
+  std::string program;               // the program the jobs start
+};
+
+struct QueueWriteResult {
+  bool ok = false;
+  std::string message;
+  int jobs = 0;
+};
+
+// The command file of one job: a comment naming the data file, the expanded template,
+// then WRITE_SUMMARY_BOOKS, SAVE_AS_LOG and EXIT with the job's files in `folder`.
+std::string job_command_text(const std::string& job, const std::string& template_text,
+                             const QueueEntry& entry, const std::filesystem::path& folder);
+
+// Writes the queue. Every job file is complete before the list of jobs (BQ_jobs.txt)
+// appears, so a queue folder with a list is a whole queue.
+QueueWriteResult write_queue(const QueuePlan& plan);
+
+}  // namespace tidemark::shell

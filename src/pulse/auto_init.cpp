@@ -55,7 +55,7 @@ struct Series {
 GoldResult deconvolve(const Series& s, double half_life, double sd) {
   const int n = static_cast<int>(s.c.size());
   const GoldKernel k = gold_kernel(half_life, sd > 0 ? sd : 1.0, sd > 0, s.dt, n);
-  if (!k.ok) {
+  if (!k.ok()) {
     GoldResult failed;
     failed.status = GoldStatus::kInvalidInput;
     failed.message = k.message;

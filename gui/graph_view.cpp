@@ -104,7 +104,11 @@ bool GraphView::load(const std::string& path, std::string& problem) {
 }
 
 void GraphView::show_options(const std::vector<graphics::PlotOption>& options) {
-  while (options_layout_->count() > 1) delete options_layout_->takeAt(0)->widget();
+  while (options_layout_->count() > 1) {  // the stretch at the end stays
+    QLayoutItem* item = options_layout_->takeAt(0);
+    delete item->widget();
+    delete item;
+  }
   for (const graphics::PlotOption& option : options) {
     auto* box = new QCheckBox(QString::fromStdString(option.label));
     box->setObjectName(QString::fromStdString(option.label));

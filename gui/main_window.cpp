@@ -10,6 +10,7 @@
 #include <QDialogButtonBox>
 #include <QDockWidget>
 #include <QFile>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -204,6 +205,7 @@ void MainWindow::build_docks() {
   mode_dock_->setWidget(mode_panel_);
   mode_dock_->setMinimumWidth(380);
   addDockWidget(Qt::LeftDockWidgetArea, mode_dock_);
+  mode_dock_->hide();
 
   viewers_ = new QTabWidget;
   viewers_->setTabsClosable(true);
@@ -254,23 +256,34 @@ void MainWindow::rebuild_data_select() {
     a->setChecked(static_cast<int>(i) == session_.current);
     a->setStatusTip(q("Make this data set current (SELECT " + name + ")"));
     group->addAction(a);
-    connect(a, &QAction::triggered, this, [this, name] { issue("SELECT " + name); });
+    connect(a, &QAction::triggered, this, [this, name] { issue("SELECT \"" + name + "\""); });
   }
 }
 
 void MainWindow::show_session(const ui::SessionView& view) {
   session_ = view;
+  // A graph a calculation wrote to the run's graph file is shown at once.
+  const QFileInfo graph(q(view.graph));
+  if (graph.exists() && graph.size() > 0 &&
+      (graph.lastModified() != graph_seen_ || graph.size() != graph_size_seen_)) {
+    graph_seen_ = graph.lastModified();
+    graph_size_seen_ = graph.size();
+    show_graph(view.graph);
+  }
   rebuild_data_select();
   const bool loaded = !view.data_sets.empty();
   action("File/Write Summary Books (csv)")->setEnabled(loaded);
-  const auto mode = view.mode.empty() ? std::nullopt : shell::find_mode(view.mode);
+  // 0 before any mode is chosen.
+  const int mode = view.mode.empty() ? 0 : shell::find_mode(view.mode).value_or(0);
   for (int i = 1; i <= shell::kModeCount; ++i)
-    action("Mode/" + std::string(shell::mode_info(i).name))->setChecked(mode && *mode == i);
-  algorithm_->setCurrentIndex(mode.value_or(0));
-  if (mode) mode_panel_->set_prefix(std::string(shell::mode_info(*mode).prefix));
+    action("Mode/" + std::string(shell::mode_info(i).name))->setChecked(mode == i);
+  algorithm_->setCurrentIndex(mode);
+  if (mode >= 1) mode_panel_->set_prefix(std::string(shell::mode_info(mode).prefix));
   if (loaded || graph_view_->canvas()->plot()) centre_->setCurrentWidget(graph_view_);
+  mode_dock_->setVisible(!mode_panel_->empty());
+  if (loaded) statusBar()->showMessage(tr("Ready"));
   QString title = "Tidemark";
-  if (mode) title += " - " + q(view.mode);
+  if (mode >= 1) title += " - " + q(view.mode);
   if (loaded) title += " - " + q(view.data_sets[static_cast<std::size_t>(view.current)].file_name);
   setWindowTitle(title);
 }
@@ -345,6 +358,7 @@ void MainWindow::show_dialog(const ui::Dialog& dialog, const std::vector<ui::Fie
 void MainWindow::close_dialog() {
   mode_panel_->clear();
   mode_dock_->setWindowTitle(tr("Mode"));
+  mode_dock_->hide();
 }
 
 bool MainWindow::edit_dialog(const ui::Dialog& dialog, std::vector<ui::FieldValue>& values) {

@@ -6,6 +6,7 @@
 // data spreadsheet beside it. Every action is a command text handed to `issue`; the
 // window shows what the shell sends back through WindowUi. All of it runs on the
 // window's thread.
+#include <QDateTime>
 #include <QMainWindow>
 #include <atomic>
 #include <functional>
@@ -117,6 +118,8 @@ class MainWindow : public QMainWindow {
   };
   std::map<int, Work> work_;
   bool finished_ = false;
+  QDateTime graph_seen_;  // the run's graph file as last shown
+  qint64 graph_size_seen_ = -1;
 };
 
 }  // namespace tidemark::gui

@@ -8,8 +8,9 @@ namespace tidemark::gui {
 
 namespace {
 
-// The row number's cell is 6 wide; the label line's other cells share one width.
+// The row number's cell is 6 wide, every other label's 15.
 constexpr std::size_t kNumberWidth = 6;
+constexpr std::size_t kCellWidth = 15;
 
 std::vector<std::string> words(const std::string& line) {
   std::istringstream in(line);
@@ -27,13 +28,9 @@ SheetTable read_sheet_text(std::string_view text) {
   if (!std::getline(in, table.title) || !std::getline(in, line) || line.size() <= kNumberWidth)
     return table;
   std::vector<std::string> labels{std::string(core::trim(line.substr(0, kNumberWidth)))};
-  const std::vector<std::string> rest = words(line.substr(kNumberWidth));
-  if (rest.empty()) return {};
-  // Equal cells: a label with a blank inside still takes one cell.
-  const std::size_t width = (line.size() - kNumberWidth) / rest.size();
-  const std::size_t cells = (line.size() - kNumberWidth) / (width == 0 ? 1 : width);
-  for (std::size_t c = 0; c < cells; ++c)
-    labels.emplace_back(core::trim(line.substr(kNumberWidth + c * width, width)));
+  // A label with a blank inside still takes one cell.
+  for (std::size_t at = kNumberWidth; at < line.size(); at += kCellWidth)
+    labels.emplace_back(core::trim(line.substr(at, kCellWidth)));
   while (std::getline(in, line)) {
     std::vector<std::string> cells_of_row = words(line);
     if (cells_of_row.size() != labels.size()) continue;

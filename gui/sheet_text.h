@@ -1,6 +1,6 @@
 #pragma once
 // The data spreadsheet's grid as the shell shows it (a title line, a line of column
-// labels right-aligned in cells of equal width after the row number's, then one line of
+// labels right-aligned in cells 15 wide after the row number's 6, then one line of
 // numbers per row) read back into cells for the grid of the window.
 #include <string>
 #include <string_view>

@@ -96,7 +96,7 @@ void SheetView::show_table(const SheetTable& table) {
       table_->setItem(r, c, item);
     }
   }
-  table_->resizeColumnsToContents();
+  table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   filling_ = false;
 }
 

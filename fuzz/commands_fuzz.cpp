@@ -21,7 +21,6 @@
 //   build-fuzz/bin/commands_fuzz -dict=fuzz/commands_fuzz.dict tests/fixtures/fuzz/commands
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -30,6 +29,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "../app/components.h"
 #include "commands_input.h"
@@ -62,20 +62,15 @@ bool half_written(const std::string& name) {
   return std::regex_match(name, pattern);
 }
 
-// A temporary file of the program: a prefix, the run identifier (20 capitals without
-// Z) and an extension.
-bool temporary(const fs::path& file) {
-  const std::string stem = file.stem().string();
-  return stem.size() >= 20 &&
-         std::all_of(stem.end() - 20, stem.end(), [](char c) { return c >= 'A' && c <= 'Y'; });
-}
-
-// What a run may leave behind: in temp/ no temporary file but the five run files (the
-// kill list deletes the others at the end), and nowhere a half-written file.
-void check_leftovers(const tidemark::shell::RunFiles& files, const fs::path& temp,
+// What a run may leave behind: none of the temporary files the kill list names (the
+// program's own; a user's file in temp/ is kept whatever its name), the five run files,
+// and nowhere a half-written file. `killed` is the kill list read before the deletion.
+void check_leftovers(const tidemark::shell::RunFiles& files, const std::vector<fs::path>& killed,
                      const fs::path& work) {
-  for (const auto& entry : fs::directory_iterator(temp))
-    check(files.names_run_file(entry.path()) || !temporary(entry.path()));
+  for (const fs::path& file : killed) check(files.names_run_file(file) || !fs::exists(file));
+  for (const fs::path* file : {&files.history_path(), &files.log_path(), &files.answers_path(),
+                               &files.graph_path(), &files.kill_path()})
+    check(fs::is_regular_file(*file));
   for (const auto& entry : fs::recursive_directory_iterator(work))
     check(!half_written(entry.path().filename().string()));
 }
@@ -117,8 +112,9 @@ void run_session(const fs::path& home, const fs::path& data, const std::string& 
   // The history and the log are still the run's own, whatever was copied where.
   check(first_line(history).starts_with("! command file created by ") &&
         first_line(log).starts_with("! LOG file created by "));
+  const auto killed = session.files().killed();
   session.files().delete_killed();
-  check_leftovers(session.files(), folders->temp, data);
+  check_leftovers(session.files(), killed, data);
 }
 
 // The scratch tree of this process, made on the first input and removed at exit.
@@ -170,12 +166,26 @@ class Scratch {
   fs::path root_;
 };
 
+// Puts the working folder back when an input is done: libFuzzer reads and writes its
+// corpus by the paths it was given, which may be relative.
+class KeepWorkingFolder {
+ public:
+  KeepWorkingFolder() : folder_(fs::current_path()) {}
+  ~KeepWorkingFolder() { fs::current_path(folder_); }
+  KeepWorkingFolder(const KeepWorkingFolder&) = delete;
+  KeepWorkingFolder& operator=(const KeepWorkingFolder&) = delete;
+
+ private:
+  fs::path folder_;
+};
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto input = tidemark::fuzzing::read_commands_input(
       std::string_view(reinterpret_cast<const char*>(data), size));
   if (!input) return -1;
+  const KeepWorkingFolder keep;
   static const Scratch scratch;
   const auto [home, work] = scratch.fresh_run();
   for (const auto& [name, text] : input->files)

@@ -126,7 +126,7 @@ void reset(std::string_view, Session& session) {
   session.carried_out("RESET", "RESET THE PROGRAM");
 }
 
-constexpr std::array<NamedCommand, 6> kCommands{{
+constexpr std::array<NamedCommand<Session>, 6> kCommands{{
     {"READ_NATIVE", read_native},
     {"WRITE_NATIVE", write_native},
     {"WRITE_CSV", write_csv},

@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "graphics/plot_parser.h"
 #include "render/renderer.h"
+#include "shell/command_table.h"
 #include "shell/command_text.h"
 #include "shell/external.h"
 #include "shell/file_ops.h"
@@ -67,30 +68,38 @@ class GraphView : public CommandHandler {
  public:
   bool handle(std::string_view command, Session& session) override {
     watch(session);
-    for (std::string_view name : {"LOAD_GRF", "LOAD_GRAF"}) {
-      if (command_is(command, name)) return load_command(command, name, session), true;
-    }
-    if (command_is(command, "GRF_VIEW")) return view_command(command, session), true;
-    for (std::string_view name : {"PRINT_GRF", "PRINT_GRAF"}) {
-      if (command_is(command, name)) return print_command(command, session), true;
-    }
-    if (command_is(command, "!EDIT_GRF")) return edit_command(command, session), true;
-    for (const Export& e : kExports) {
-      if (command_is(command, e.name)) return save_command(command, e, session), true;
-    }
-    if (command_is(command, "SAVE_GRF_CLIP")) {
-      session.error(kTitle,
-                    {"There is no clipboard in the headless program.", std::string(command)});
-      return true;
-    }
-    if (command_is(command, "GRF_OPTION")) return option_command(command, session), true;
-    if (command_is(command, "NEXT_GRAPH")) {
-      return step_command(command, +1, "PROCEED TO THE NEXT GRAPH", session), true;
-    }
-    if (command_is(command, "PREVIOUS_GRAPH")) {
-      return step_command(command, -1, "PROCEED TO THE PREVIOUS GRAPH", session), true;
-    }
-    return false;
+    using Command = NamedCommand<GraphView, Session>;
+    static constexpr std::array<Command, 14> kCommands{{
+        {"LOAD_GRF",
+         [](std::string_view c, GraphView& v, Session& s) { v.load_command(c, "LOAD_GRF", s); }},
+        {"LOAD_GRAF",
+         [](std::string_view c, GraphView& v, Session& s) { v.load_command(c, "LOAD_GRAF", s); }},
+        {"GRF_VIEW", [](std::string_view c, GraphView& v, Session& s) { v.view_command(c, s); }},
+        {"PRINT_GRF", [](std::string_view c, GraphView& v, Session& s) { v.print_command(c, s); }},
+        {"PRINT_GRAF", [](std::string_view c, GraphView& v, Session& s) { v.print_command(c, s); }},
+        {"!EDIT_GRF", [](std::string_view c, GraphView& v, Session& s) { v.edit_command(c, s); }},
+        {"SAVE_GRF_PNG",
+         [](std::string_view c, GraphView& v, Session& s) { v.save_command(c, kExports[0], s); }},
+        {"SAVE_GRF_SVG",
+         [](std::string_view c, GraphView& v, Session& s) { v.save_command(c, kExports[1], s); }},
+        {"SAVE_GRF_PDF",
+         [](std::string_view c, GraphView& v, Session& s) { v.save_command(c, kExports[2], s); }},
+        {"SAVE_GRF_PS",
+         [](std::string_view c, GraphView& v, Session& s) { v.save_command(c, kExports[3], s); }},
+        {"SAVE_GRF_CLIP",
+         [](std::string_view c, GraphView&, Session& s) {
+           s.error(kTitle, {"There is no clipboard in the headless program.", std::string(c)});
+         }},
+        {"GRF_OPTION",
+         [](std::string_view c, GraphView& v, Session& s) { v.option_command(c, s); }},
+        {"NEXT_GRAPH", [](std::string_view c, GraphView& v,
+                          Session& s) { v.step_command(c, +1, "PROCEED TO THE NEXT GRAPH", s); }},
+        {"PREVIOUS_GRAPH",
+         [](std::string_view c, GraphView& v, Session& s) {
+           v.step_command(c, -1, "PROCEED TO THE PREVIOUS GRAPH", s);
+         }},
+    }};
+    return dispatch(kCommands, command, *this, session);
   }
 
  private:

@@ -1,12 +1,15 @@
 #include "shell/module_frame.h"
 
+#include <array>
 #include <filesystem>
 #include <string>
 
 #include "core/file_replace.h"
 #include "core/text.h"
+#include "shell/command_table.h"
 #include "shell/command_text.h"
 #include "shell/file_ops.h"
+#include "shell/kept_results.h"
 #include "shell/run_file_commands.h"
 #include "shell/settings_file.h"
 #include "shell/shared_handler.h"
@@ -21,20 +24,15 @@ namespace {
 // that says so.
 class UnavailableModule : public Module {
  public:
-  explicit UnavailableModule(const ModeInfo& info)
-      : dialog_{std::string(info.name), {}}, prefix_(info.prefix) {}
+  explicit UnavailableModule(const ModeInfo& info) : dialog_{std::string(info.name), {}} {}
   const ui::Dialog& dialog() const override { return dialog_; }
   std::string settings_file() const override { return {}; }
-  std::vector<std::string> prefixes() const override { return {prefix_}; }
-  Outcome calculate(ModuleContext&) override {
-    return Outcome::error({"The " + dialog_.title + " mode is not available in this version."});
+  ModeResult calculate(ModuleContext&) override {
+    return ModeResult::failed({"The " + dialog_.title + " mode is not available in this version."});
   }
-  bool store_results() override { return false; }
-  bool recall_results() override { return false; }
 
  private:
   ui::Dialog dialog_;
-  std::string prefix_;
 };
 
 class Frame {
@@ -43,6 +41,10 @@ class Frame {
       : session_(session),
         index_(index),
         name_(mode_info(index).name),
+        prefix_(mode_info(index).prefix),
+        calculate_(prefix_ + "_CALCULATE"),
+        print_(prefix_ + "_PRINT"),
+        view_(prefix_ + "_VIEW"),
         module_(std::move(module)),
         listing_(session.temporary_file("LIST_", ".lst")),
         fix_(session.temporary_file(module_->fix_prefix(), ".fix")),
@@ -69,66 +71,51 @@ class Frame {
   }
 
  private:
+  using Command = NamedCommand<Frame>;
+
+  // The frame's commands, in the order they are tried; the buttons' names begin with
+  // the mode's prefix from the mode table.
+  std::array<Command, 10> commands() const {
+    return {{
+        {"SET", [](std::string_view c, Frame& f) { f.set_field(c); }},
+        {"SAVE_PARAMETERS", [](std::string_view c, Frame& f) { f.save_parameters(c); }},
+        {calculate_, [](std::string_view c, Frame& f) { f.calculate(c); }},
+        {print_, [](std::string_view c, Frame& f) { f.print(c); }},
+        {view_, [](std::string_view c, Frame& f) { f.view(c); }},
+        {"STORE_RESULTS", [](std::string_view c, Frame& f) { f.store_results(c); }},
+        {"RECALL_RESULTS", [](std::string_view c, Frame& f) { f.recall_results(c); }},
+        {"TEMP_CLOSE", [](std::string_view c, Frame& f) { f.close(c); }},
+        {"COPY_LST", [](std::string_view c, Frame& f) { f.copy_listing(c, "COPY_LST"); }},
+        {"SAVE_AS_LST", [](std::string_view c, Frame& f) { f.copy_listing(c, "SAVE_AS_LST"); }},
+    }};
+  }
+
   std::string error_title() const { return "Error Reported by " + name_; }
 
   ModuleContext context() {
-    return {name_,
-            session_.store(),
-            values_,
-            listing_,
-            fix_,
-            session_.files().answers_path(),
-            session_.files().graph_path(),
-            session_.files(),
-            session_.ui(),
-            session_.random()};
+    return {name_,         session_.store(), values_, fix_, session_.files(),
+            session_.ui(), session_.random()};
   }
 
-  // The button command `suffix` ("_CALCULATE") of one of the mode's prefixes.
-  bool is_button(std::string_view command, std::string_view suffix) const {
-    for (const std::string& prefix : module_->prefixes()) {
-      if (command_is(command, prefix + std::string(suffix))) return true;
-    }
-    return false;
+  OutputTargets targets(data::DataSet* data_set) {
+    return {listing_,
+            session_.files().graph_path(),
+            session_.files().answers_path(),
+            data_set,
+            session_.files(),
+            session_.ui()};
   }
 
   bool handle_own(std::string_view command) {
-    if (command_is(command, "SET")) {
-      set_field(command);
-    } else if (command_is(command, "SAVE_PARAMETERS")) {
-      save_parameters(command);
-    } else if (is_button(command, "_CALCULATE")) {
-      calculate(command);
-    } else if (is_button(command, "_PRINT")) {
-      if (listing_ready(command)) print_command(session_, command, listing_, "LST");
-    } else if (is_button(command, "_VIEW")) {
-      view(command);
-    } else if (command_is(command, "STORE_RESULTS")) {
-      keep(command, module_->store_results(), "Current Results Stored",
-           "There are no current results to store.");
-    } else if (command_is(command, "RECALL_RESULTS")) {
-      keep(command, module_->recall_results(), "Current Results Recalled",
-           "No results have been stored.");
-    } else if (command_is(command, "TEMP_CLOSE")) {
-      session_.ui().close_dialog();
-      session_.carried_out(core::trim(command), {});
-    } else if (command_is(command, "COPY_LST") || command_is(command, "SAVE_AS_LST")) {
-      const std::string_view name = command_is(command, "COPY_LST") ? "COPY_LST" : "SAVE_AS_LST";
-      copy_command(session_, command, name, listing_, "LST",
-                   {"Select a name for the LST file",
-                    "Listing Files (*.lst)|*.lst|All Files (*.*)|*.*|",
-                    {},
-                    true});
-    } else {
-      // A command of the mode's own goes to the history like the buttons' commands, so
-      // that a replay takes the same steps.
-      const std::vector<ui::FieldValue> before = values_;
-      ModuleContext c = context();
-      const bool handled = module_->handle(command, c);
-      show_written_fields(before);
-      if (!handled) return false;
-      session_.carried_out(core::trim(command), {});
-    }
+    if (dispatch(commands(), command, *this)) return true;
+    // A command of the mode's own goes to the history like the buttons' commands, so
+    // that a replay takes the same steps.
+    const std::vector<ui::FieldValue> before = values_;
+    ModuleContext c = context();
+    const bool handled = module_->handle(command, c);
+    show_written_fields(before);
+    if (!handled) return false;
+    session_.carried_out(core::trim(command), {});
     return true;
   }
 
@@ -157,16 +144,20 @@ class Frame {
                          "Parameters saved as default in " + settings_.string());
   }
 
-  // A calculation that reports an error is still recorded: it may have changed the data
+  // Runs the calculation and writes what it produced through the output path. A
+  // calculation that reports an error is still recorded: it may have changed the data
   // set (the conditioner's inserted points) or written a listing, and a replay must take
   // the same step.
   void calculate(std::string_view command) {
     const std::vector<ui::FieldValue> before = values_;
     ModuleContext c = context();
-    const Outcome outcome = module_->calculate(c);
+    const ModeResult result = module_->calculate(c);
+    const OutputResult written = write_output(result.output, targets(&session_.store().current()));
+    results_.take(result.output, session_.store(), session_.store().current_index(), values_);
     show_written_fields(before);
     session_.carried_out(core::trim(command), core::to_upper(core::trim(command)));
-    if (!outcome.ok) session_.error(error_title(), outcome.messages);
+    if (!result.ok()) session_.error(error_title(), result.message);
+    if (!written.ok()) session_.error(error_title(), written.message);
   }
 
   bool listing_ready(std::string_view command) {
@@ -175,6 +166,10 @@ class Frame {
     session_.error(error_title(), {"There are no results yet: nothing to show for " +
                                    std::string(core::trim(command))});
     return false;
+  }
+
+  void print(std::string_view command) {
+    if (listing_ready(command)) print_command(session_, command, listing_, "LST");
   }
 
   void view(std::string_view command) {
@@ -186,21 +181,49 @@ class Frame {
     session_.carried_out(core::trim(command), {});
   }
 
-  void keep(std::string_view command, bool done, const std::string& confirmation,
-            const std::string& refusal) {
-    if (!done) return session_.error(name_, {refusal});
-    session_.inform(name_, {confirmation});
+  void store_results(std::string_view command) {
+    if (!results_.store()) return session_.error(name_, {"There are no current results to store."});
+    session_.inform(name_, {"Current Results Stored"});
     session_.carried_out(core::trim(command), {});
+  }
+
+  // Brings the stored results back on show: listing, graph, result fields and what
+  // they left on the data set.
+  void recall_results(std::string_view command) {
+    const std::vector<ui::FieldValue> before = values_;
+    const auto written =
+        results_.recall(targets(nullptr), session_.store(), module_->dialog(), values_);
+    if (!written) return session_.error(name_, {"No results have been stored."});
+    show_written_fields(before);
+    session_.inform(name_, {"Current Results Recalled"});
+    session_.carried_out(core::trim(command), {});
+    if (!written->ok()) session_.error(error_title(), written->message);
+  }
+
+  void close(std::string_view command) {
+    session_.ui().close_dialog();
+    session_.carried_out(core::trim(command), {});
+  }
+
+  void copy_listing(std::string_view command, std::string_view name) {
+    copy_command(session_, command, name, listing_, "LST",
+                 {"Select a name for the LST file",
+                  "Listing Files (*.lst)|*.lst|All Files (*.*)|*.*|",
+                  {},
+                  true});
   }
 
   Session& session_;
   int index_;
   std::string name_;
+  std::string prefix_;
+  std::string calculate_, print_, view_;  // the names of the buttons' commands
   std::unique_ptr<Module> module_;
   fs::path listing_;
   fs::path fix_;
   fs::path settings_;
   std::vector<ui::FieldValue> values_;
+  KeptResults results_;
 };
 
 }  // namespace

@@ -79,7 +79,8 @@ bool RunFiles::names_run_file(const fs::path& path) const {
   return false;
 }
 
-void RunFiles::delete_killed() {
+std::vector<fs::path> RunFiles::killed() const {
+  std::vector<fs::path> files;
   std::ifstream list(kill_path_);
   std::string line;
   while (std::getline(list, line)) {
@@ -87,9 +88,15 @@ void RunFiles::delete_killed() {
     if (core::starts_with_nocase(name, kConditionalMark))
       name.remove_prefix(kConditionalMark.size());
     name = core::trim(name);
-    if (name.empty() || name.front() == '!') continue;
+    if (!name.empty() && name.front() != '!') files.emplace_back(name);
+  }
+  return files;
+}
+
+void RunFiles::delete_killed() {
+  for (const fs::path& file : killed()) {
     std::error_code ec;
-    fs::remove(fs::path(name), ec);
+    fs::remove(file, ec);
   }
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/random.h"
 #include "ui/log_sink.h"
@@ -35,6 +36,8 @@ class RunFiles : public ui::LogSink {
   void history(std::string_view line);
   // Records a temporary file in the kill list, for deletion when the program ends.
   void kill(const std::filesystem::path& file);
+  // The files the kill list names, in the order they were recorded.
+  std::vector<std::filesystem::path> killed() const;
   // Deletes every file named in the kill list (those that exist).
   void delete_killed();
 

@@ -102,7 +102,7 @@ void seed(std::string_view command, Session& session) {
 }
 
 // Where one name begins another, the longer one comes first.
-constexpr std::array<NamedCommand, 5> kCommands{{
+constexpr std::array<NamedCommand<Session>, 5> kCommands{{
     {"CD", change_folder},
     {"@", run_file},
     {"EXIT", exit_program},

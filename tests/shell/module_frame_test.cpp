@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <stdexcept>
 
 #include "core/fortran_format.h"
+#include "data/secretion_events.h"
 #include "shell/session_fixture.h"
 
 namespace tidemark::shell {
@@ -16,27 +19,28 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 // A small mode for the tests: its listing holds the dialog's values and the number of
-// points of the current data set, and with "Random Draw" on, one uniform deviate. Like a
-// fit that starts the next time from its result, it writes twice its Scale back into the
-// dialog, and the number of points into its result field.
+// points of the current data set, and with "Random Draw" on, one uniform deviate; its
+// graph source and its one secretion event hold the Scale. Like a fit that starts the
+// next time from its result, it writes twice its Scale back into the dialog, and the
+// number of points into its result field.
 class EchoModule : public Module {
  public:
+  enum Field { kScale, kCycles, kRandomDraw, kResult };
   const ui::Dialog& dialog() const override { return dialog_; }
   std::string settings_file() const override { return "do_echo.ini"; }
-  std::vector<std::string> prefixes() const override { return {"ECHO"}; }
-  Outcome calculate(ModuleContext& c) override {
-    if (c.store.current().size() < 3) return Outcome::error({"Too few points"});
-    std::ofstream(c.listing) << "Scale = " << core::format_g15_5(std::get<double>(c.values[0]))
-                             << "\nCycles = " << std::get<int>(c.values[1])
-                             << "\nPoints = " << c.store.current().size() << "\n";
-    if (std::get<bool>(c.values[2])) std::ofstream(c.listing, std::ios::app) << c.random.uniform();
-    c.values[0] = 2 * std::get<double>(c.values[0]);
-    c.values[3] = "Points = " + std::to_string(c.store.current().size());
-    results_ = true;
-    return Outcome::success();
+  ModeResult calculate(ModuleContext& c) override {
+    if (c.store.current().size() < 3) return ModeResult::failed({"Too few points"});
+    const double scale = c.value<double>(kScale);
+    std::string listing = "Scale = " + core::format_g15_5(scale) +
+                          "\nCycles = " + std::to_string(c.value<int>(kCycles)) +
+                          "\nPoints = " + std::to_string(c.store.current().size()) + "\n";
+    if (c.value<bool>(kRandomDraw)) listing += std::to_string(c.random.uniform());
+    c.value<double>(kScale) = 2 * scale;
+    c.value<std::string>(kResult) = "Points = " + std::to_string(c.store.current().size());
+    return ModeResult::done({.listing = listing,
+                             .graph = "graph of scale " + core::format_g15_5(scale) + "\n",
+                             .events = std::vector<data::SecretionEvent>{{scale, 0.0}}});
   }
-  bool store_results() override { return stored_ = results_; }
-  bool recall_results() override { return stored_; }
 
  private:
   ui::Dialog dialog_{"ECHO TEST",
@@ -44,16 +48,22 @@ class EchoModule : public Module {
                       {"Cycles", ui::FieldKind::kInteger, "10", "Parameters", {}},
                       {"Random Draw", ui::FieldKind::kCheck, "OFF", "Parameters", {}},
                       {"Result", ui::FieldKind::kText, "", "Results", {}, true}}};
-  bool results_ = false;
-  bool stored_ = false;
 };
 
-// The echo mode stands in for Cluster8 (index 3) and Concordance (index 4).
+// The echo mode stands in for Cluster8 (its buttons CLUSTER_...) and Concordance.
 ModuleFactories echo_modes() {
   ModuleFactories modes;
-  modes[2] = [](int) { return std::make_unique<EchoModule>(); };
-  modes[3] = [](int) { return std::make_unique<EchoModule>(); };
+  register_mode(modes, "Cluster8", [](int) { return std::make_unique<EchoModule>(); });
+  register_mode(modes, "Concordance", [](int) { return std::make_unique<EchoModule>(); });
   return modes;
+}
+
+TEST(RegisterMode, AModeIsRegisteredByItsMenuNameAndAnUnknownNameIsAFault) {
+  ModuleFactories modes;
+  register_mode(modes, "gold_method", [](int) { return std::make_unique<EchoModule>(); });
+  EXPECT_TRUE(modes[*find_mode("Gold_Method") - 1]);
+  EXPECT_EQ(std::count_if(modes.begin(), modes.end(), [](const auto& m) { return bool(m); }), 1);
+  EXPECT_THROW(register_mode(modes, "Gold", {}), std::invalid_argument);
 }
 
 class ModuleFrame : public testing::Test {
@@ -71,10 +81,10 @@ TEST_F(ModuleFrame, SetChangesOneFieldAndSaveParametersWritesTheSettingsFile) {
   EXPECT_FALSE(f.session->failed());
 }
 
-// What ECHO_VIEW shows after ECHO_CALCULATE when do_echo.ini holds `settings`.
+// What CLUSTER_VIEW shows after CLUSTER_CALCULATE when do_echo.ini holds `settings`.
 std::string listing_with_settings(SessionFixture& f, const std::string& settings) {
   std::ofstream(f.session->folders().system / "do_echo.ini") << settings;
-  f.run({"MODE Cluster8", "ECHO_CALCULATE", "ECHO_VIEW"});
+  f.run({"MODE Cluster8", "CLUSTER_CALCULATE", "CLUSTER_VIEW"});
   return f.ui.texts.empty() ? "" : f.ui.texts[0];
 }
 
@@ -91,7 +101,7 @@ TEST_F(ModuleFrame, ASettingsFileWithABadFieldGivesAllTheDefaults) {
 
 TEST_F(ModuleFrame, RefusedSettingsAndComputationErrorsAreTitledWithTheMode) {
   f.session->store().append(data_set("short.dat", "S", 2));
-  f.run({"MODE Cluster8", "SET Scale = big", "SET Colour = red", "ECHO_CALCULATE"});
+  f.run({"MODE Cluster8", "SET Scale = big", "SET Colour = red", "CLUSTER_CALCULATE"});
   EXPECT_EQ(f.ui.shown(),
             (Lines{"Error Reported by Cluster8: \"big\" is not a valid value for the field "
                    "\"Scale\" (a real number)",
@@ -99,36 +109,90 @@ TEST_F(ModuleFrame, RefusedSettingsAndComputationErrorsAreTitledWithTheMode) {
                    "Error Reported by Cluster8: Too few points"}));
   // Refused settings are not recorded; the calculation is, though it failed, because a
   // replay must take the same step.
-  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "ECHO_CALCULATE"}));
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "CLUSTER_CALCULATE"}));
   EXPECT_TRUE(f.session->failed());
 }
 
 TEST_F(ModuleFrame, StoreAndRecallConfirmOrRefuse) {
-  f.run({"MODE Cluster8", "RECALL_RESULTS", "ECHO_CALCULATE", "STORE_RESULTS", "RECALL_RESULTS"});
+  f.run(
+      {"MODE Cluster8", "RECALL_RESULTS", "CLUSTER_CALCULATE", "STORE_RESULTS", "RECALL_RESULTS"});
   EXPECT_EQ(f.ui.shown(),
             (Lines{"Cluster8: No results have been stored.", "Cluster8: Current Results Stored",
                    "Cluster8: Current Results Recalled"}));
 }
 
+// What STORE_RESULTS kept comes back whole: the listing, the graph source, the result
+// field and the secretion events the calculation left on its data set.
+TEST_F(ModuleFrame, RecallBringsBackTheListingGraphResultFieldsAndEvents) {
+  Scratch out;
+  const auto copies = [&](const std::string& tag) {
+    return std::vector<std::string>{"COPY_LST \"" + (out / (tag + ".lst")).string() + "\"",
+                                    "COPY_GRF \"" + (out / (tag + ".grf")).string() + "\""};
+  };
+  std::vector<std::string> commands{"MODE Cluster8", "CLUSTER_CALCULATE", "STORE_RESULTS",
+                                    "SET Cycles = 3", "CLUSTER_CALCULATE"};
+  for (const auto& c : copies("second")) commands.push_back(c);
+  commands.push_back("RECALL_RESULTS");
+  for (const auto& c : copies("recalled")) commands.push_back(c);
+  f.run(commands);
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  // The first run used Scale 2 and Cycles 10, the second Scale 4 (written back) and 3;
+  // 2.0 and 4.0 as gfortran writes them with (1PG15.5).
+  EXPECT_EQ(Scratch::read(out / "second.lst"), "Scale =      4.0000    \nCycles = 3\nPoints = 5\n");
+  EXPECT_EQ(Scratch::read(out / "second.grf"), "graph of scale      4.0000    \n");
+  EXPECT_EQ(Scratch::read(out / "recalled.lst"),
+            "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
+  EXPECT_EQ(Scratch::read(out / "recalled.grf"), "graph of scale      2.0000    \n");
+  const auto events = data::secretion_events(f.session->store().at(0));
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].position, 2.0);
+  EXPECT_EQ(std::get<std::string>(f.ui.dialog_values[EchoModule::kResult]), "Points = 5");
+}
+
+// The recalled result field is the stored one, not the last calculation's.
+TEST_F(ModuleFrame, RecallOnAnotherDataSetBringsBackItsResultField) {
+  f.session->store().append(data_set("fsh.dat", "FSH", 7));
+  f.run({"MODE Cluster8", "SELECT LH", "CLUSTER_CALCULATE", "STORE_RESULTS", "SELECT FSH",
+         "CLUSTER_CALCULATE", "RECALL_RESULTS"});
+  EXPECT_EQ(std::get<std::string>(f.ui.dialog_values[EchoModule::kResult]), "Points = 5");
+}
+
+// A graph that cannot be written is reported with the file's name and the reason; the
+// listing is written all the same.
+TEST_F(ModuleFrame, AFailedWriteIsReportedWithTheFileAndTheReason) {
+  const std::filesystem::path graph = f.session->files().graph_path();
+  std::filesystem::remove(graph);
+  std::filesystem::create_directory(graph);
+  Scratch out;
+  f.run({"MODE Cluster8", "CLUSTER_CALCULATE", "COPY_LST \"" + (out / "a.lst").string() + "\""});
+  const Lines shown = f.ui.shown();
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_NE(shown[0].find("Error Reported by Cluster8: The graph was not written."),
+            std::string::npos);
+  EXPECT_NE(shown[0].find(graph.string()), std::string::npos);
+  EXPECT_NE(shown[0].find("directory"), std::string::npos) << shown[0];
+  EXPECT_EQ(Scratch::read(out / "a.lst"), "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
+}
+
 TEST_F(ModuleFrame, ViewingOrCopyingBeforeACalculationIsRefusedAndCopiesAfterIt) {
   Scratch out;
   const std::string copy = (out / "copy.lst").string();
-  f.run({"MODE Cluster8", "ECHO_VIEW", "ECHO_CALCULATE", "COPY_LST \"" + copy + "\""});
+  f.run({"MODE Cluster8", "CLUSTER_VIEW", "CLUSTER_CALCULATE", "COPY_LST \"" + copy + "\""});
   EXPECT_EQ(f.ui.shown().size(), 1u);
   EXPECT_EQ(Scratch::read(copy), "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
 }
 
 TEST_F(ModuleFrame, SharedCommandsComeFirstAndUnknownOnesAreIgnored) {
-  f.run({"MODE Cluster8", "SEED 42", "CLUSTER_NONSENSE", "ECHO_CALCULATE"});
+  f.run({"MODE Cluster8", "SEED 42", "CLUSTER_NONSENSE", "CLUSTER_CALCULATE"});
   EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: CLUSTER_NONSENSE"}));
-  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SEED 42", "ECHO_CALCULATE"}));
+  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SEED 42", "CLUSTER_CALCULATE"}));
 }
 
 TEST_F(ModuleFrame, FieldsAModeWritesBackAreShownAndHoldUntilTheUserSetsThem) {
   Scratch out;
   const auto copy = [&](const char* name) { return "COPY_LST \"" + (out / name).string() + "\""; };
-  f.run({"MODE Cluster8", "SET Result = 3", "ECHO_CALCULATE", copy("1.lst"), "ECHO_CALCULATE",
-         copy("2.lst"), "SET Scale = 5", "ECHO_CALCULATE", copy("3.lst")});
+  f.run({"MODE Cluster8", "SET Result = 3", "CLUSTER_CALCULATE", copy("1.lst"), "CLUSTER_CALCULATE",
+         copy("2.lst"), "SET Scale = 5", "CLUSTER_CALCULATE", copy("3.lst")});
   // Scale 2 (the default), then 4 written back by the first calculation, then 5 as set;
   // as gfortran writes them with (1PG15.5).
   EXPECT_EQ(Scratch::read(out / "1.lst").substr(0, 24), "Scale =      2.0000    \n");
@@ -150,11 +214,11 @@ TEST_F(ModuleFrame, ListingAndFixFileNamesGoToTheKillList) {
 }
 
 // After a two-series mode with one data set, the shell passes one command to the shared
-// handler before a driver runs again: the first ECHO_CALCULATE is nobody's command.
+// handler before a driver runs again: the first CLUSTER_CALCULATE is nobody's command.
 TEST_F(ModuleFrame, LeavingATwoSeriesModeWithOneSetGivesTheSharedHandlerOneCommand) {
-  f.run({"MODE Concordance", "MODE Cluster8", "ECHO_CALCULATE", "ECHO_CALCULATE"});
-  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: ECHO_CALCULATE"}));
-  EXPECT_EQ(f.history(), (Lines{"MODE Concordance", "MODE Cluster8", "ECHO_CALCULATE"}));
+  f.run({"MODE Concordance", "MODE Cluster8", "CLUSTER_CALCULATE", "CLUSTER_CALCULATE"});
+  EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: CLUSTER_CALCULATE"}));
+  EXPECT_EQ(f.history(), (Lines{"MODE Concordance", "MODE Cluster8", "CLUSTER_CALCULATE"}));
 }
 
 // A run's history, run as a command file by a second session, writes the same listing:
@@ -164,7 +228,7 @@ TEST(ModuleFrameReplay, TheHistoryReproducesTheListingByteForByte) {
   SessionFixture first(echo_modes());
   first.session->store().append(data_set("lh.dat", "LH", 5));
   first.run({"SEED 99", "MODE Cluster8", "SET Scale = 0.125", "SET Random Draw = ON",
-             "ECHO_CALCULATE", "COPY_LST \"" + (out / "first.lst").string() + "\""});
+             "CLUSTER_CALCULATE", "COPY_LST \"" + (out / "first.lst").string() + "\""});
   const std::string listing = Scratch::read(out / "first.lst");
   std::filesystem::remove(out / "first.lst");
   SessionFixture second(echo_modes());

@@ -55,6 +55,8 @@ TEST(RunFiles, FilesOfTheKillListAreDeletedAndOthersKept) {
   const auto kept = dir.write("keep.txt", "kept");
   files->kill(listing);
   files->kill(dir / "never_written.fix");
+  EXPECT_EQ(files->killed(),
+            (std::vector<std::filesystem::path>{listing, dir / "never_written.fix"}));
   files->delete_killed();
   EXPECT_FALSE(std::filesystem::exists(listing));
   EXPECT_TRUE(std::filesystem::exists(kept));

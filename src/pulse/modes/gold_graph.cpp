@@ -8,21 +8,23 @@
 namespace tidemark::pulse {
 
 std::string gold_graph(const GoldRun& run) {
+  const GoldRunInput& in = run.input;
+  const GoldRunOutput& out = run.output;
   graphics::PlotWriter w;
   w.page("Gold's Method Deconvolution");
-  w.panel(run.handle);
+  w.panel(in.handle);
   w.x_axis({.label = "Time"});
-  graphics::write_common_options(w, {.file_name = run.file_name,
-                                     .handle = run.handle,
-                                     .x = run.time,
-                                     .y = run.concentration,
-                                     .sd = run.sd,
-                                     .positions = run.event_positions});
+  graphics::write_common_options(w, {.file_name = in.file_name,
+                                     .handle = in.handle,
+                                     .x = in.time,
+                                     .y = in.concentration,
+                                     .sd = in.sd,
+                                     .positions = in.event_positions});
   std::vector<double> x, s;
-  for (std::size_t i = 0; i < run.time.size(); ++i) {
-    if (run.used[i] < 1) continue;
-    x.push_back(run.time[i]);
-    s.push_back(run.result.secretion[i]);
+  for (std::size_t i = 0; i < in.time.size(); ++i) {
+    if (in.used[i] < 1) continue;
+    x.push_back(in.time[i]);
+    s.push_back(out.result.secretion[i]);
   }
   w.panel("Secretion", 0.5);
   w.x_axis({.label = "Time"});

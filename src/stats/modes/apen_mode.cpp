@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "core/file_replace.h"
 #include "core/missing.h"
 #include "data/conditioner.h"
 #include "data/variance_model.h"
@@ -18,19 +17,28 @@
 namespace tidemark::stats {
 namespace {
 
+using shell::ModeResult;
 using shell::ModuleContext;
-using shell::Outcome;
 
-// The four settings come first, then the six result fields of apen_result_fields.
-constexpr std::size_t kFirstResultField = 4;
+// The dialog's fields, in dialog order (apen_dialog): the four settings, then the six
+// result fields of apen_result_fields.
+enum Field {
+  kDifference,
+  kRFraction,
+  kR,
+  kCycles,
+  kApEnResult,
+  kNoiseResult,     // also counts the cycles of the noise-added pass
+  kShuffledResult,  // also counts the cycles of the shuffled pass
+  kRatioResult,
+  kZResult,
+  kPResult,
+};
 constexpr std::size_t kResultFields = 6;
-// The result fields that count the cycles of the noise-added and the shuffled pass.
-constexpr std::size_t kNoiseField = kFirstResultField + 1;
-constexpr std::size_t kShuffledField = kFirstResultField + 2;
 
 void show_results(ModuleContext& c, const std::vector<std::string>& fields) {
   for (std::size_t k = 0; k < kResultFields; ++k) {
-    c.values[kFirstResultField + k] = k < fields.size() ? fields[k] : std::string();
+    c.values[kApEnResult + k] = k < fields.size() ? fields[k] : std::string();
   }
 }
 
@@ -40,51 +48,41 @@ std::string join_lines(const std::vector<std::string>& lines) {
   return text;
 }
 
-class ApEnModule : public shell::Module {
+class ApEnMode : public shell::Module {
  public:
   const ui::Dialog& dialog() const override { return apen_dialog(); }
   std::string settings_file() const override { return "do_apen.ini"; }
-  std::vector<std::string> prefixes() const override { return {"APEN"}; }
 
-  Outcome calculate(ModuleContext& c) override {
+  ModeResult calculate(ModuleContext& c) override {
     show_results(c, {});
     const data::ConditionResult conditioned =
         data::condition(c.store.current(), false, c.ui, c.log);
-    if (!conditioned.ok) return Outcome::error({conditioned.message});
+    if (!conditioned.ok) return ModeResult::failed({conditioned.message});
     const data::DataSet& set = c.store.current();
-    ApEnOptions options{.difference = std::get<bool>(c.values[0]),
-                        .r_fraction = std::get<bool>(c.values[1]),
-                        .r = std::get<double>(c.values[2]),
-                        .cycles = std::get<int>(c.values[3])};
+    ApEnOptions options{.difference = c.value<bool>(kDifference),
+                        .r_fraction = c.value<bool>(kRFraction),
+                        .r = c.value<double>(kR),
+                        .cycles = c.value<int>(kCycles)};
     options.noise_seed = c.random.next();
     options.shuffle_seed = c.random.next();
     auto noise_progress = c.ui.progress("ApEn Noise Added Cycles");
     auto shuffle_progress = c.ui.progress("ApEn Shuffled Cycles");
     options.progress = [&](int pass, int done) {
-      c.values[pass == 1 ? kNoiseField : kShuffledField] = fmt::format(
+      c.values[pass == 1 ? kNoiseResult : kShuffledResult] = fmt::format(
           " {} Cycle {} of {}", pass == 1 ? "Noise Added" : "Shuffled", done, options.cycles);
       c.ui.update_dialog(apen_dialog(), c.values);
       auto& progress = pass == 1 ? noise_progress : shuffle_progress;
       return !progress || progress->update(static_cast<double>(done) / options.cycles);
     };
     const ApEnResult result = analyse_apen(apen_series(set), options);
-    if (!result.ok) return Outcome::error({result.message});
+    if (!result.ok) return ModeResult::failed({result.message});
     show_results(c, apen_result_fields(result));
-    put_apen_summary(c.store.current().summary, result);
     const std::vector<std::string> lines = apen_listing(set.file_name, options.r, result);
-    core::replace_file(c.listing, join_lines(lines));
-    for (const auto& line : lines) c.log.log("APEN: " + line);
-    core::replace_file(c.graph, apen_graph_source(set, result));
-    c.ui.show_graph(c.graph.string());
-    results_.current = result;
-    return Outcome::success();
+    shell::ModeOutput output{.listing = join_lines(lines), .graph = apen_graph_source(set, result)};
+    for (const auto& line : lines) output.log_lines.push_back("APEN: " + line);
+    put_apen_summary(output.summary, result);
+    return ModeResult::done(std::move(output));
   }
-
-  bool store_results() override { return results_.store(); }
-  bool recall_results() override { return results_.recall(); }
-
- private:
-  shell::KeptResults<ApEnResult> results_;
 };
 
 }  // namespace
@@ -119,8 +117,8 @@ WorkingSeries apen_series(const data::DataSet& set) {
   return series;
 }
 
-std::unique_ptr<shell::Module> make_apen_module() {
-  return std::make_unique<ApEnModule>();
+std::unique_ptr<shell::Module> make_apen_mode() {
+  return std::make_unique<ApEnMode>();
 }
 
 }  // namespace tidemark::stats

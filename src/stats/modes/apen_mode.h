@@ -6,8 +6,8 @@
 // points into the stored set), takes the crop range's concentrations, standard errors
 // and usable flags (a point is usable when its concentration is present and positive
 // and its replicate count is not 0), runs analyse_apen with two seeds drawn from the
-// session's generator, writes the listing, logs its result lines, puts the results in
-// the data set's summary-book columns (Q to AJ) and writes the graph.
+// session's generator, and hands the frame the listing, its lines for the log, the
+// results for the data set's summary-book columns (Q to AJ) and the graph.
 #include <memory>
 
 #include "shell/module.h"
@@ -29,6 +29,6 @@ const ui::Dialog& apen_dialog();
 // The working series of the crop range of `set`; a missing standard error is taken as 0.
 WorkingSeries apen_series(const data::DataSet& set);
 
-std::unique_ptr<shell::Module> make_apen_module();
+std::unique_ptr<shell::Module> make_apen_mode();
 
 }  // namespace tidemark::stats

@@ -10,12 +10,31 @@
 #include "data/secretion_events.h"
 #include "stats/modes/concordance_graph.h"
 #include "stats/modes/concordance_report.h"
-#include "stats/modes/correlation_output.h"
 
 namespace tidemark::stats {
 namespace {
 
+// The dialog's fields, in dialog order (concordance_dialog).
 enum Field { kASeries, kBSeries, kFrom, kTo, kCycles, kADescription, kBDescription, kTable };
+
+const ui::Dialog& concordance_dialog() {
+  static const ui::Dialog dialog{
+      "Monte-Carlo Concordance",
+      {{"A Series", ui::FieldKind::kInteger, "1", "Series", {}},
+       {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
+       {"Coincidence From", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
+       {"Coincidence To", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
+       {"#MC Cycles", ui::FieldKind::kInteger, "100000", "Parameters", {}},
+       {"A Description", ui::FieldKind::kText, "", "Series", {}, true},
+       {"B Description", ui::FieldKind::kText, "", "Series", {}, true},
+       {"Probability Table",
+        ui::FieldKind::kText,
+        std::string(kConcordanceGridInitial),
+        "Probability Table",
+        {},
+        true}}};
+  return dialog;
+}
 
 // Cycles between two progress reports.
 constexpr long kCycleBlock = 10'000;
@@ -32,29 +51,28 @@ ConcordanceSeries describe(const data::DataSet& set) {
   return s;
 }
 
-class ConcordanceModule : public shell::Module {
+class ConcordanceMode : public shell::Module {
  public:
-  const ui::Dialog& dialog() const override { return dialog_; }
+  const ui::Dialog& dialog() const override { return concordance_dialog(); }
   std::string settings_file() const override { return "do_concord.ini"; }
-  std::vector<std::string> prefixes() const override { return {"CONCORD"}; }
 
-  shell::Outcome calculate(shell::ModuleContext& c) override {
+  shell::ModeResult calculate(shell::ModuleContext& c) override {
     const int count = c.store.count();
     if (count < 2)
-      return shell::Outcome::error({"Monte-Carlo Concordance requires two data sets.",
-                                    "Therefore, please read another data set."});
-    const int a_number = std::get<int>(c.values[kASeries]);
-    const int b_number = std::get<int>(c.values[kBSeries]);
+      return shell::ModeResult::failed({"Monte-Carlo Concordance requires two data sets.",
+                                        "Therefore, please read another data set."});
+    const int a_number = c.value<int>(kASeries);
+    const int b_number = c.value<int>(kBSeries);
     for (const int number : {a_number, b_number})
       if (number < 1 || number > count)
-        return shell::Outcome::error(
+        return shell::ModeResult::failed(
             {fmt::format("There is no data set {}: choose 1 to {}.", number, count)});
     const data::DataSet& a = c.store.at(a_number - 1);
     const data::DataSet& b = c.store.at(b_number - 1);
-    const long cycles = std::get<int>(c.values[kCycles]);
+    const long cycles = c.value<int>(kCycles);
     // Each series needs a time range and A a sampling interval; the cycles a count.
     if (a.size() < 2 || b.size() < 2 || cycles < 1)
-      return shell::Outcome::error({"Please get more data."});
+      return shell::ModeResult::failed({"Please get more data."});
     ConcordanceReport report{describe(a), describe(b), coincidence_range(c, a), {}, cycles, {}};
     report.pairs = match_events(report.a.events, report.b.events, report.range);
     const ConcordanceDraw draw{static_cast<int>(report.a.events.size()),
@@ -62,31 +80,26 @@ class ConcordanceModule : public shell::Module {
                                time_range(b), report.range};
     std::vector<double> histogram;
     if (!run_cycles(c, draw, cycles, histogram))
-      return shell::Outcome::error({"Concordance calculation cancelled."});
+      return shell::ModeResult::failed({"Concordance calculation cancelled."});
     report.table = probability_table(histogram, static_cast<double>(cycles));
-    const auto outcome =
-        write_listing_and_graph(c, concordance_listing(report), concordance_graph(report, a, b));
-    if (!outcome.ok) return outcome;
+    shell::ModeOutput output{.listing = concordance_listing(report),
+                             .graph = concordance_graph(report, a, b)};
     std::string table;
     for (const auto& row : concordance_grid_rows(report.table)) {
-      c.log.log("Concordance: " + row);
+      output.log_lines.push_back("Concordance: " + row);
       table += (table.empty() ? "" : "\n") + row;
     }
     c.values[kADescription] = series_description(report.a);
     c.values[kBDescription] = series_description(report.b);
     c.values[kTable] = table;
-    results_.current = std::move(report);
-    return outcome;
+    return shell::ModeResult::done(std::move(output));
   }
-
-  bool store_results() override { return results_.store(); }
-  bool recall_results() override { return results_.recall(); }
 
  private:
   // The dialog's range; when either end is unset, ±0.5 Δt with Δt the spacing of the
   // first two sample times of A.
-  static CoincidenceRange coincidence_range(const shell::ModuleContext& c, const data::DataSet& a) {
-    const double from = std::get<double>(c.values[kFrom]), to = std::get<double>(c.values[kTo]);
+  static CoincidenceRange coincidence_range(shell::ModuleContext& c, const data::DataSet& a) {
+    const double from = c.value<double>(kFrom), to = c.value<double>(kTo);
     if (!core::is_unset(from) && !core::is_unset(to)) return {from, to};
     const double dt = static_cast<double>(a.x()[1]) - a.x()[0];
     return {-0.5 * dt, 0.5 * dt};
@@ -107,28 +120,12 @@ class ConcordanceModule : public shell::Module {
     }
     return true;
   }
-
-  ui::Dialog dialog_{"Monte-Carlo Concordance",
-                     {{"A Series", ui::FieldKind::kInteger, "1", "Series", {}},
-                      {"B Series", ui::FieldKind::kInteger, "2", "Series", {}},
-                      {"Coincidence From", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
-                      {"Coincidence To", ui::FieldKind::kReal, "-1.0E30", "Parameters", {}},
-                      {"#MC Cycles", ui::FieldKind::kInteger, "100000", "Parameters", {}},
-                      {"A Description", ui::FieldKind::kText, "", "Series", {}, true},
-                      {"B Description", ui::FieldKind::kText, "", "Series", {}, true},
-                      {"Probability Table",
-                       ui::FieldKind::kText,
-                       std::string(kConcordanceGridInitial),
-                       "Probability Table",
-                       {},
-                       true}}};
-  shell::KeptResults<ConcordanceReport> results_;
 };
 
 }  // namespace
 
-std::unique_ptr<shell::Module> make_concordance_module() {
-  return std::make_unique<ConcordanceModule>();
+std::unique_ptr<shell::Module> make_concordance_mode() {
+  return std::make_unique<ConcordanceMode>();
 }
 
 }  // namespace tidemark::stats

@@ -8,12 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "core/file_replace.h"
 #include "core/fortran_format.h"
 #include "core/missing.h"
 #include "data/conditioner.h"
 #include "data/summary_row.h"
-#include "shell/command_text.h"
+#include "shell/command_table.h"
 #include "stats/cosine_start.h"
 #include "stats/modes/cosine_graph.h"
 #include "stats/modes/cosine_listing.h"
@@ -23,17 +22,29 @@ namespace tidemark::stats {
 
 namespace {
 
+using shell::ModeResult;
 using shell::ModuleContext;
-using shell::Outcome;
 
 constexpr std::string_view kErrorTitle = "Error Reported by Cosine";
-// The dialog's fields: the five starting values, the five fit flags, the two results.
-constexpr int kFirstFlag = kCosineParameters;
-constexpr int kVarianceField = 2 * kCosineParameters;
-constexpr int kRemainingField = kVarianceField + 1;
-// The results kept: the five fitted values and the percentage remaining.
-using CosineResults = std::array<float, kCosineParameters + 1>;
-// Their summary-book columns, AK to AP.
+// The dialog's fields, in dialog order (cosine_dialog): the five starting values and
+// the five fit flags, each in the engine's parameter order, then the two results.
+enum Field {
+  kStartPeriod,
+  kStartAmplitude,
+  kStartPhase,
+  kStartMean,
+  kStartSlope,
+  kFitPeriod,
+  kFitAmplitude,
+  kFitPhase,
+  kFitMean,
+  kFitSlope,
+  kVariance,
+  kRemaining,
+};
+static_assert(kFitPeriod == static_cast<int>(kStartPeriod) + static_cast<int>(kCosineParameters));
+// The results kept in the summary book: the five fitted values and the percentage
+// remaining, in columns AK to AP.
 constexpr int kFirstSummaryColumn = 37;
 constexpr std::array<std::string_view, kCosineParameters + 1> kSummaryTitles{
     "Cosine Period", "Cosine Amplitude", "Cosine Phase",
@@ -52,62 +63,61 @@ void usable_points(const data::DataSet& set, std::vector<double>& t, std::vector
 }
 
 double& starting_value(ModuleContext& c, int j) {
-  return std::get<double>(c.values[j]);
+  return c.value<double>(kStartPeriod + j);
 }
 
-class CosineModule : public shell::Module {
+// The fit's results in the summary book's columns AK to AP.
+data::SummaryRow summary_cells(const CosineFit& fit) {
+  data::SummaryRow row;
+  for (int j = 0; j <= kCosineParameters; ++j) {
+    const double value = j < kCosineParameters ? fit.values[j] : fit.percent;
+    row[data::column_letters(kFirstSummaryColumn + j)] = {std::string(kSummaryTitles[j]),
+                                                          static_cast<float>(value)};
+  }
+  return row;
+}
+
+class CosineMode : public shell::Module {
  public:
   const ui::Dialog& dialog() const override { return cosine_dialog(); }
   std::string settings_file() const override { return "do_cosine.ini"; }
-  std::vector<std::string> prefixes() const override { return {"COSINE"}; }
 
-  Outcome calculate(ModuleContext& c) override {
-    if (auto problem = prepare(c)) return Outcome::error({*problem});
+  ModeResult calculate(ModuleContext& c) override {
+    if (auto problem = prepare(c)) return ModeResult::failed({*problem});
     const CosineFlags flags = read_flags(c);
     const CosineValues start = read_grid(c, flags);
     const CosineFit fit = fit_cosine(t_, y_, start, flags, start_.reference_variance);
     const data::DataSet& set = c.store.current();
-    write_graph(c, fit.values, fit.engine.code == Lsfit2Code::kOk);
-    if (fit.engine.code != Lsfit2Code::kOk) {
+    const bool fitted = fit.engine.code == Lsfit2Code::kOk;
+    shell::ModeOutput output{.graph =
+                                 cosine_graph_source({set, fit.values, fitted, start_.scan_period,
+                                                      start_.scan_percent})};
+    if (!fitted) {
       const std::string error = lsfit2_error_line(fit.engine.code);
-      core::replace_file(c.listing, cosine_error_listing(set.file_name, fit.engine));
-      c.log.log(error);
+      output.listing = cosine_error_listing(set.file_name, fit.engine);
+      output.log_lines = {error};
       show_results(c, error, "");
-      return Outcome::error({error, fit.engine.message});
+      return ModeResult::failed({error, fit.engine.message}, std::move(output));
     }
-    core::replace_file(c.listing, cosine_listing(set.file_name, fit, flags));
+    output.listing = cosine_listing(set.file_name, fit, flags);
     const std::string variance = cosine_variance_line(fit.engine.variance, fit.engine.points);
     const std::string remaining = cosine_remaining_line(fit.percent);
-    c.log.log(variance);
-    c.log.log(remaining);
+    output.log_lines = {variance, remaining};
     show_results(c, variance, remaining);
     write_grid(c, fit.values);
-    CosineResults results{};
-    for (int j = 0; j < kCosineParameters; ++j) results[j] = static_cast<float>(fit.values[j]);
-    results[kCosineParameters] = static_cast<float>(fit.percent);
-    for (std::size_t j = 0; j < results.size(); ++j) {
-      c.store.current().summary[data::column_letters(kFirstSummaryColumn + static_cast<int>(j))] = {
-          std::string(kSummaryTitles[j]), results[j]};
-    }
-    results_.current = results;
-    return Outcome::success();
+    output.summary = summary_cells(fit);
+    return ModeResult::done(std::move(output));
   }
 
-  bool store_results() override { return results_.store(); }
-  bool recall_results() override { return results_.recall(); }
-
   bool handle(std::string_view command, ModuleContext& c) override {
-    if (shell::command_is(command, "COSINE_SUBTRACT")) {
-      subtract(c);
-    } else if (shell::command_is(command, "COSINE_RESET")) {
-      reset(c);
-    } else if (shell::command_is(command, "COSINE_STORE")) {
-      const std::string name = CosineSeriesEdits::store_copy(c.store);
-      c.log.log(fmt::format("COSINE_STORE: stored as data set {} ({})", c.store.count(), name));
-    } else {
-      return false;
-    }
-    return true;
+    using Command = shell::NamedCommand<CosineMode, ModuleContext>;
+    static constexpr std::array<Command, 3> kCommands{{
+        {"COSINE_SUBTRACT",
+         [](std::string_view, CosineMode& m, ModuleContext& mc) { m.subtract(mc); }},
+        {"COSINE_RESET", [](std::string_view, CosineMode& m, ModuleContext& mc) { m.reset(mc); }},
+        {"COSINE_STORE", [](std::string_view, CosineMode&, ModuleContext& mc) { store_copy(mc); }},
+    }};
+    return shell::dispatch(kCommands, command, *this, c);
   }
 
  private:
@@ -153,7 +163,7 @@ class CosineModule : public shell::Module {
 
   static CosineFlags read_flags(const ModuleContext& c) {
     CosineFlags flags{};
-    for (int j = 0; j < kCosineParameters; ++j) flags[j] = std::get<bool>(c.values[kFirstFlag + j]);
+    for (int j = 0; j < kCosineParameters; ++j) flags[j] = std::get<bool>(c.values[kFitPeriod + j]);
     return flags;
   }
 
@@ -165,15 +175,8 @@ class CosineModule : public shell::Module {
 
   static void show_results(ModuleContext& c, const std::string& variance,
                            const std::string& remaining) {
-    c.values[kVarianceField] = variance;
-    c.values[kRemainingField] = remaining;
-  }
-
-  void write_graph(ModuleContext& c, const CosineValues& values, bool fitted) {
-    const std::string source = cosine_graph_source(
-        {c.store.current(), values, fitted, start_.scan_period, start_.scan_percent});
-    core::replace_file(c.graph, source);
-    c.ui.show_graph(c.graph.string());
+    c.values[kVariance] = variance;
+    c.values[kRemaining] = remaining;
   }
 
   void subtract(ModuleContext& c) {
@@ -181,6 +184,11 @@ class CosineModule : public shell::Module {
     edits_.subtract(c.store, set_index_, read_grid(c, read_flags(c)));
     if (c.store.current().modified)
       c.log.log("COSINE_SUBTRACT: the data set " + c.store.current().file_name + " is modified");
+  }
+
+  static void store_copy(ModuleContext& c) {
+    const std::string name = CosineSeriesEdits::store_copy(c.store);
+    c.log.log(fmt::format("COSINE_STORE: stored as data set {} ({})", c.store.count(), name));
   }
 
   void reset(ModuleContext& c) {
@@ -198,7 +206,6 @@ class CosineModule : public shell::Module {
   // its entry was set by the user since.
   CosineValues written_ = {core::kUnset, core::kUnset, core::kUnset, core::kUnset, core::kUnset};
   CosineSeriesEdits edits_;
-  shell::KeptResults<CosineResults> results_;
 };
 
 }  // namespace
@@ -223,8 +230,8 @@ const ui::Dialog& cosine_dialog() {
   return dialog;
 }
 
-std::unique_ptr<shell::Module> make_cosine_module(int) {
-  return std::make_unique<CosineModule>();
+std::unique_ptr<shell::Module> make_cosine_mode() {
+  return std::make_unique<CosineMode>();
 }
 
 }  // namespace tidemark::stats

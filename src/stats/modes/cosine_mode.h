@@ -21,6 +21,6 @@ namespace tidemark::stats {
 // Slope; then the two read-only result fields (grid "Results").
 const ui::Dialog& cosine_dialog();
 
-std::unique_ptr<shell::Module> make_cosine_module(int variant);
+std::unique_ptr<shell::Module> make_cosine_mode();
 
 }  // namespace tidemark::stats

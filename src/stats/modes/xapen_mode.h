@@ -11,6 +11,6 @@
 
 namespace tidemark::stats {
 
-std::unique_ptr<shell::Module> make_xapen_module();
+std::unique_ptr<shell::Module> make_xapen_mode();
 
 }  // namespace tidemark::stats

@@ -19,7 +19,7 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 shell::ModuleFactories apen_modes() {
-  return testing_support::only_mode(1, [](int) { return make_apen_module(); });
+  return testing_support::only_mode(1, [](int) { return make_apen_mode(); });
 }
 
 class ApEnMode : public testing::Test {

@@ -25,7 +25,7 @@ data::DataSet with_events(const std::string& name, const std::vector<double>& ti
 }
 
 shell::ModuleFactories concordance_only() {
-  return testing_support::only_mode(4, [](int) { return make_concordance_module(); });
+  return testing_support::only_mode(4, [](int) { return make_concordance_mode(); });
 }
 
 // The listing shown after `commands` run in Concordance on sets `a` and `b`.
@@ -80,7 +80,7 @@ TEST(ConcordanceMode, ASeriesWithoutEventsGivesTheSingleCertainRow) {
 
 TEST(ConcordanceMode, TheDialogShowsTheInitialGridThenTheTableAndBothSeries) {
   ConcordanceRun before(with_events("a.dat", {10}), with_events("b.dat", {10}), {});
-  const auto module = make_concordance_module();
+  const auto module = make_concordance_mode();
   const ui::Dialog& d = module->dialog();
   const auto field = [&](const ConcordanceRun& r, const char* label) {
     return std::get<std::string>(r.f.ui.dialog_values.at(*d.find(label)));

@@ -27,7 +27,7 @@ data::DataSet series(const std::string& name, const std::vector<float>& y, float
 }
 
 shell::ModuleFactories correlation_only() {
-  return testing_support::only_mode(5, [](int) { return make_correlation_module(); });
+  return testing_support::only_mode(5, [](int) { return make_correlation_mode(); });
 }
 
 class CorrelationMode : public testing::Test {

@@ -14,7 +14,7 @@ using testing_support::Scratch;
 using testing_support::SessionFixture;
 
 shell::ModuleFactories cosine_modes() {
-  return testing_support::only_mode(6, make_cosine_module);
+  return testing_support::only_mode(6, [](int) { return make_cosine_mode(); });
 }
 
 // 10 + 3 cos(2 pi (t - 50) / 240) at t = 0, 10, ..., 470, from its closed form.

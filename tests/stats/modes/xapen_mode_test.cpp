@@ -19,7 +19,7 @@ using testing_support::SessionFixture;
 using Lines = std::vector<std::string>;
 
 shell::ModuleFactories xapen_modes() {
-  return testing_support::only_mode(14, [](int) { return make_xapen_module(); });
+  return testing_support::only_mode(14, [](int) { return make_xapen_mode(); });
 }
 
 TEST(XApEnRatio, IsXApEnOverTheRandomMeanWithPropagatedSdAndMissingWhenThatMeanIsZero) {

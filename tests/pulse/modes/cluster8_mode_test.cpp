@@ -1,4 +1,4 @@
-#include "pulse/modes/cluster8_module.h"
+#include "pulse/modes/cluster8_mode.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +35,7 @@ data::DataSet one_pulse() {
 }
 
 shell::ModuleFactories cluster8_only() {
-  return testing_support::only_mode(3, [](int) { return make_cluster8_module(); });
+  return testing_support::only_mode(3, [](int) { return make_cluster8_mode(); });
 }
 
 class Cluster8Mode : public testing::Test {

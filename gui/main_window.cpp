@@ -474,7 +474,9 @@ void MainWindow::run_action(WindowAction action) {
                                                     .parent_path()
                                                     .string()});
     case WindowAction::kCommands:
-      QDesktopServices::openUrl(QUrl("file:///usr/share/doc/tidemark/commands.md"));
+      // Installed beside the program: <prefix>/share/doc/Tidemark/commands.md.
+      QDesktopServices::openUrl(QUrl::fromLocalFile(QCoreApplication::applicationDirPath() +
+                                                    "/../share/doc/Tidemark/commands.md"));
       return;
   }
 }

@@ -3,7 +3,6 @@
 // on every core.
 #include <benchmark/benchmark.h>
 
-#include <thread>
 #include <vector>
 
 #include "stats/concordance_monte_carlo.h"
@@ -11,17 +10,15 @@
 namespace {
 
 void BM_ConcordanceCycles(benchmark::State& state) {
-  const int threads = state.range(0) == 0
-                          ? static_cast<int>(std::max(1u, std::thread::hardware_concurrency()))
-                          : static_cast<int>(state.range(0));
+  const auto threads = static_cast<int>(state.range(0));
   const tidemark::stats::ConcordanceDraw draw{20, 20, {0, 1440}, {0, 1440}, {-5, 5}};
   for (auto _ : state) {
     std::vector<double> histogram;
-    tidemark::stats::add_cycles(draw, 42, 0, 100'000, threads, histogram);
+    tidemark::stats::add_cycles(draw, 42, 100'000, {.threads = threads}, histogram);
     benchmark::DoNotOptimize(histogram);
   }
 }
-// 1 thread, and 0 for every core.
+// 1 thread, and 0 for core::default_threads().
 BENCHMARK(BM_ConcordanceCycles)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -19,7 +19,8 @@ void BM_CosinePeriodScan(benchmark::State& state) {
     t.push_back(10.0 * i);
     y.push_back(10 + 3 * std::cos((t.back() - 50) * 6.283185307 / 1440) + 0.3 * ((i * 7) % 5 - 2));
   }
-  for (auto _ : state) benchmark::DoNotOptimize(tidemark::stats::start_cosine(t, y, threads));
+  for (auto _ : state)
+    benchmark::DoNotOptimize(tidemark::stats::start_cosine(t, y, {.threads = threads}));
 }
 BENCHMARK(BM_CosinePeriodScan)
     ->ArgNames({"n", "threads"})

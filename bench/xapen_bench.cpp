@@ -61,7 +61,7 @@ void BM_XApEnCalculation(benchmark::State& state) {
   const std::vector<double> s(n, 0.1);
   for (auto _ : state) {
     benchmark::DoNotOptimize(tidemark::stats::xapen_monte_carlo(
-        a, s, b, s, 0.2, {.cycles = 1000, .seed = 3, .threads = 0, .method = method}));
+        a, s, b, s, 0.2, {.cycles = 1000, .seed = 3, .method = method}));
   }
 }
 BENCHMARK(BM_XApEnCalculation<CountMethod::kDirect>)

@@ -127,7 +127,7 @@ class Scratch {
     setenv("PATH", (root_ / "no_programs").c_str(), 1);
     unsetenv("VISUAL");
     unsetenv("EDITOR");
-    const fs::path examples = fs::path(__FILE__).parent_path().parent_path() / "examples";
+    const fs::path examples = fs::path(TIDEMARK_SOURCE_DIR) / "examples";
     const fs::path data = root_ / "template" / "data", home = data / "home";
     fs::create_directories(data);
     fs::copy(examples, data, fs::copy_options::recursive);

@@ -9,11 +9,13 @@ namespace tidemark::pulse {
 
 // A kernel and the first and last lag to pass to gold_deconvolve.
 struct GoldKernel {
-  bool ok = true;
+  KernelStatus status = KernelStatus::kOk;
   std::string message;  // which input was refused; empty when ok
   LagKernel kernel;
   int first_lag = 0;
   int last_lag = 0;
+
+  bool ok() const { return status == KernelStatus::kOk; }
 };
 
 // Elimination convolved with the secretion shape, from two filled kernels (both ok):

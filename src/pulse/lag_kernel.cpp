@@ -26,7 +26,7 @@ KernelResult check_inputs(std::string_view scale_name, double scale, double dt, 
   } else if (half_width < 0 || half_width > kMaxKernelHalfWidth) {
     r.message = fmt::format("the kernel half-width must lie in 0..{}", kMaxKernelHalfWidth);
   }
-  r.ok = r.message.empty();
+  r.status = r.message.empty() ? KernelStatus::kOk : KernelStatus::kRefused;
   return r;
 }
 
@@ -34,7 +34,7 @@ KernelResult check_inputs(std::string_view scale_name, double scale, double dt, 
 // exponent below the cut; `mirror` also sets the negative lag of each.
 template <typename Exponent>
 KernelResult fill(int half_width, bool mirror, Exponent exponent_at) {
-  KernelResult r{true, {}, LagKernel(half_width), half_width};
+  KernelResult r{KernelStatus::kOk, {}, LagKernel(half_width), half_width};
   for (int k = 0; k <= half_width; ++k) {
     const double exponent = exponent_at(k);
     if (exponent < kExponentCut) {
@@ -51,7 +51,7 @@ KernelResult fill(int half_width, bool mirror, Exponent exponent_at) {
 
 KernelResult gaussian_kernel(double sd, double dt, int half_width) {
   KernelResult checked = check_inputs("secretion SD", sd, dt, half_width);
-  if (!checked.ok) return checked;
+  if (!checked.ok()) return checked;
   const double inverse_sd = 1 / sd;
   return fill(half_width, true, [&](int k) {
     const double x = k * dt * inverse_sd;
@@ -61,7 +61,7 @@ KernelResult gaussian_kernel(double sd, double dt, int half_width) {
 
 KernelResult exponential_kernel(double half_life, double dt, int half_width) {
   KernelResult checked = check_inputs("half-life", half_life, dt, half_width);
-  if (!checked.ok) return checked;
+  if (!checked.ok()) return checked;
   const double inverse_half_life = 1 / half_life;
   return fill(half_width, false, [&](int k) {
     const float q = static_cast<float>(k) * 0.6931472f;

@@ -27,13 +27,17 @@ class LagKernel {
 inline constexpr int kMaxKernelHalfWidth = 1 << 22;
 
 // A filled kernel and the last lag filled before the cut: callers pass it to Gold's
-// iteration as the last lag to apply. On failure (`ok` false) `message` says which input
+// iteration as the last lag to apply. On failure (`ok()` false) `message` says which input
 // was refused and the kernel is empty.
+enum class KernelStatus { kOk, kRefused };
+
 struct KernelResult {
-  bool ok = true;
+  KernelStatus status = KernelStatus::kOk;
   std::string message;
   LagKernel kernel;
   int last_lag = 0;
+
+  bool ok() const { return status == KernelStatus::kOk; }
 };
 
 // The Gaussian shape of a secretion event of SD `sd` sampled at interval `dt`:

@@ -56,9 +56,12 @@ bool has_usable_run_of_three(const WorkingSeries& series) {
 }
 
 PassOptions pass_options(const ApEnOptions& options, int pass, std::uint64_t seed) {
-  PassOptions p{options.cycles, seed, options.threads, options.method, {}};
-  if (options.progress)
-    p.progress = [&options, pass](int done) { return options.progress(pass, done); };
+  PassOptions p{options.cycles, seed, options.method, {.threads = options.threads}};
+  if (options.progress) {
+    p.parallel.progress = [&options, pass](long done, long) {
+      return options.progress(pass, static_cast<int>(done));
+    };
+  }
   return p;
 }
 

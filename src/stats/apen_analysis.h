@@ -22,10 +22,10 @@ struct ApEnOptions {
   int cycles = 1000;        // Monte-Carlo cycles, kMinApEnCycles .. kMaxApEnCycles
   std::uint64_t noise_seed = 1;
   std::uint64_t shuffle_seed = 2;
-  int threads = 0;  // 0 = one per core; the results do not depend on it
+  int threads = 0;  // 0 = core::default_threads(); the results do not depend on it
   CountMethod method = CountMethod::kFast;
-  // Called with the pass (1 = noise added, 2 = shuffled) and the cycles done; false
-  // cancels the calculation.
+  // Called on the calling thread with the pass (1 = noise added, 2 = shuffled) and the
+  // cycles done, as core::parallel_for reports them; false cancels the calculation.
   std::function<bool(int pass, int done)> progress{};
 };
 

@@ -1,68 +1,34 @@
 #include "stats/apen_monte_carlo.h"
 
 #include <algorithm>
-#include <atomic>
-#include <cmath>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 
 namespace tidemark::stats {
 namespace {
 
-// One worker's share: cycles [first, last). `run` computes them in order.
-using BlockRunner = std::function<void(int first, int last)>;
-
-// Splits the cycles into contiguous blocks, one per thread, runs them and reports the
-// number of cycles done to `progress` on the calling thread as they finish. `done`
-// counts finished cycles; `stop` asks the workers to end early.
-bool run_blocks(const PassOptions& options, std::atomic<int>& done, std::atomic<bool>& stop,
-                const BlockRunner& run) {
-  const int cycles = std::max(options.cycles, 0);
-  int threads =
-      options.threads > 0 ? options.threads : static_cast<int>(std::thread::hardware_concurrency());
-  threads = std::clamp(threads, 1, std::max(cycles, 1));
-  std::mutex mutex;
-  std::condition_variable changed;
-  int finished_threads = 0;
-  std::vector<std::jthread> workers;
-  for (int t = 0; t < threads; ++t) {
-    const int first = static_cast<int>(static_cast<long long>(cycles) * t / threads);
-    const int last = static_cast<int>(static_cast<long long>(cycles) * (t + 1) / threads);
-    workers.emplace_back([&, first, last] {
-      run(first, last);
-      std::lock_guard lock(mutex);
-      ++finished_threads;
-      changed.notify_all();
-    });
-  }
-  std::unique_lock lock(mutex);
-  int reported = -1;
-  while (true) {
-    changed.wait_for(lock, std::chrono::milliseconds(50),
-                     [&] { return finished_threads == threads; });
-    const int now = done.load();
-    if (options.progress && now != reported) {
-      reported = now;
-      if (!options.progress(now)) stop = true;
-    }
-    if (finished_threads == threads) break;
-  }
-  return !stop.load();
-}
-
-PassValues run_pass(const PassOptions& options,
-                    const std::function<void(int, int, std::atomic<int>&, std::atomic<bool>&,
-                                             PassValues&)>& block) {
+// Runs `cycles(worker_state, first, last)` over the pass's cycles, each worker with its
+// own `State`, into values sized for every cycle.
+template <typename State, typename Cycles>
+PassValues run_pass(const PassOptions& options, Cycles cycles) {
   PassValues values;
-  values.apen1.assign(static_cast<std::size_t>(std::max(options.cycles, 0)), 0.0f);
+  const long count = std::max(options.cycles, 0);
+  values.apen1.assign(static_cast<std::size_t>(count), 0.0f);
   values.apen2 = values.apen1;
-  std::atomic<int> done{0};
-  std::atomic<bool> stop{false};
-  values.complete = run_blocks(
-      options, done, stop, [&](int first, int last) { block(first, last, done, stop, values); });
+  std::vector<State> states(
+      static_cast<std::size_t>(core::parallel_workers(count, options.parallel)));
+  values.complete =
+      core::parallel_for(count, options.parallel, [&](int worker, long first, long last) {
+        cycles(states[static_cast<std::size_t>(worker)], values, static_cast<int>(first),
+               static_cast<int>(last));
+      });
   return values;
 }
+
+// A worker's copy of the series in the order of the cycles it has shuffled so far.
+struct ShuffledCopy {
+  std::vector<float> x;
+  std::vector<std::uint8_t> usable;
+  int cycles = -1;  // shuffles applied; -1 before the copy is made
+};
 
 void keep(PassValues& values, int cycle, const ApEnValues& a) {
   values.apen1[static_cast<std::size_t>(cycle)] = a.apen1;
@@ -96,35 +62,32 @@ void shuffle_cyclic(std::span<float> x, std::span<std::uint8_t> usable, core::Ra
 }
 
 PassValues noise_pass(const WorkingSeries& series, float r, const PassOptions& options) {
-  return run_pass(options, [&](int first, int last, std::atomic<int>& done, std::atomic<bool>& stop,
-                               PassValues& values) {
-    std::vector<float> surrogate;
-    for (int c = first; c < last && !stop; ++c) {
-      core::Random random = cycle_stream(options.seed, c);
-      add_noise(series, random, surrogate);
-      keep(values, c, apen(surrogate, series.usable, r, options.method));
-      ++done;
-    }
-  });
+  return run_pass<std::vector<float>>(
+      options, [&](std::vector<float>& surrogate, PassValues& values, int first, int last) {
+        for (int c = first; c < last; ++c) {
+          core::Random random = cycle_stream(options.seed, c);
+          add_noise(series, random, surrogate);
+          keep(values, c, apen(surrogate, series.usable, r, options.method));
+        }
+      });
 }
 
 PassValues shuffle_pass(const WorkingSeries& series, float r, const PassOptions& options) {
-  return run_pass(options, [&](int first, int last, std::atomic<int>& done, std::atomic<bool>& stop,
-                               PassValues& values) {
-    std::vector<float> x = series.x;
-    std::vector<std::uint8_t> usable = series.usable;
-    // The cycles before this block shuffle the copy into the order it starts from.
-    for (int c = 0; c < first && !stop; ++c) {
-      core::Random random = cycle_stream(options.seed, c);
-      shuffle_cyclic(x, usable, random);
-    }
-    for (int c = first; c < last && !stop; ++c) {
-      core::Random random = cycle_stream(options.seed, c);
-      shuffle_cyclic(x, usable, random);
-      keep(values, c, apen(x, usable, r, options.method));
-      ++done;
-    }
-  });
+  return run_pass<ShuffledCopy>(
+      options, [&](ShuffledCopy& copy, PassValues& values, int first, int last) {
+        if (copy.cycles < 0) copy = {series.x, series.usable, 0};
+        // The cycles this worker did not run shuffle the copy into the order `first` starts
+        // from: a worker's chunks come in increasing order, so the copy only moves forward.
+        for (; copy.cycles < first; ++copy.cycles) {
+          core::Random random = cycle_stream(options.seed, copy.cycles);
+          shuffle_cyclic(copy.x, copy.usable, random);
+        }
+        for (; copy.cycles < last; ++copy.cycles) {
+          core::Random random = cycle_stream(options.seed, copy.cycles);
+          shuffle_cyclic(copy.x, copy.usable, random);
+          keep(values, copy.cycles, apen(copy.x, copy.usable, r, options.method));
+        }
+      });
 }
 
 }  // namespace tidemark::stats

@@ -2,12 +2,12 @@
 // The two Monte-Carlo passes of the ApEn calculation: noise added to the working series,
 // and the working series shuffled. Each cycle draws from its own random stream,
 // derived from the pass's seed and the cycle number, so the values depend on the seed
-// alone and not on how many threads share the cycles.
+// alone and not on how many threads share the cycles (core::parallel_for).
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <vector>
 
+#include "core/parallel.h"
 #include "core/random.h"
 #include "stats/apen.h"
 #include "stats/apen_series.h"
@@ -17,16 +17,13 @@ namespace tidemark::stats {
 struct PassOptions {
   int cycles = 1000;
   std::uint64_t seed = 1;
-  // Threads sharing the cycles; 0 = one per core. The values do not depend on it.
-  int threads = 0;
   CountMethod method = CountMethod::kFast;
-  // Called on the calling thread with the number of cycles done so far; answering
-  // false stops the pass early (its values are then incomplete).
-  std::function<bool(int done)> progress{};
+  // The threads and the progress of the cycles; a cancelled pass is incomplete.
+  core::ParallelOptions parallel{};
 };
 
 // ApEn(1) and ApEn(2) of each cycle, in cycle order; `complete` is false when the
-// progress callback stopped the pass.
+// progress callback cancelled the pass.
 struct PassValues {
   std::vector<float> apen1;
   std::vector<float> apen2;

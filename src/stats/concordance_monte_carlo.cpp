@@ -1,7 +1,6 @@
 #include "stats/concordance_monte_carlo.h"
 
 #include <algorithm>
-#include <thread>
 
 #include "core/random.h"
 
@@ -29,27 +28,20 @@ void run_cycles(const ConcordanceDraw& d, std::uint64_t seed, long begin, long e
 
 }  // namespace
 
-void add_cycles(const ConcordanceDraw& draw, std::uint64_t seed, long first_cycle, long cycles,
-                int threads, std::vector<double>& histogram) {
+bool add_cycles(const ConcordanceDraw& draw, std::uint64_t seed, long cycles,
+                const core::ParallelOptions& parallel, std::vector<double>& histogram) {
   const auto bins = static_cast<std::size_t>(std::min(draw.n_a, draw.n_b) + 1);
   histogram.resize(bins, 0.0);
-  const long workers = std::clamp<long>(threads, 1, std::max(1L, cycles));
-  std::vector<std::vector<long long>> counts(static_cast<std::size_t>(workers),
-                                             std::vector<long long>(bins, 0));
-  std::vector<std::thread> pool;
-  for (long w = 0; w < workers; ++w) {
-    const long begin = first_cycle + cycles * w / workers;
-    const long end = first_cycle + cycles * (w + 1) / workers;
-    auto& mine = counts[static_cast<std::size_t>(w)];
-    if (w + 1 == workers)
-      run_cycles(draw, seed, begin, end, mine);
-    else
-      pool.emplace_back(
-          [&draw, seed, begin, end, &mine] { run_cycles(draw, seed, begin, end, mine); });
-  }
-  for (auto& t : pool) t.join();
+  std::vector<std::vector<long long>> counts(
+      static_cast<std::size_t>(core::parallel_workers(cycles, parallel)),
+      std::vector<long long>(bins, 0));
+  const bool complete =
+      core::parallel_for(cycles, parallel, [&](int worker, long first, long last) {
+        run_cycles(draw, seed, first, last, counts[static_cast<std::size_t>(worker)]);
+      });
   for (const auto& c : counts)
     for (std::size_t k = 0; k < bins; ++k) histogram[k] += static_cast<double>(c[k]);
+  return complete;
 }
 
 ProbabilityTable probability_table(const std::vector<double>& histogram, double cycles) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/parallel.h"
 #include "stats/concordance_match.h"
 
 namespace tidemark::stats {
@@ -22,16 +23,17 @@ struct ConcordanceDraw {
   CoincidenceRange coincidence;
 };
 
-// Runs cycles first_cycle .. first_cycle + cycles − 1 and adds, per cycle, one to
-// histogram[c] where c is the number of coincidences of that cycle's lists (the
-// histogram has min(n_a, n_b) + 1 counters). Cycle i draws, from its own generator
-// core::Random(b + i), where b is core::splitmix64 of the seed (so neighbouring seeds
-// give unrelated cycles), the n_a times first_a + u (last_a − first_a) and then the n_b
-// times first_b + u (last_b − first_b), each with a fresh uniform u on [0, 1), unsorted, and counts
-// them with count_coincidences. The cycles are shared among `threads` threads; the histogram
-// depends on the seed and the cycles alone.
-void add_cycles(const ConcordanceDraw& draw, std::uint64_t seed, long first_cycle, long cycles,
-                int threads, std::vector<double>& histogram);
+// Runs cycles 0 .. cycles − 1 and adds, per cycle, one to histogram[c] where c is the
+// number of coincidences of that cycle's lists (the histogram has min(n_a, n_b) + 1
+// counters). Cycle i draws, from its own generator core::Random(b + i), where b is
+// core::splitmix64 of the seed (so neighbouring seeds give unrelated cycles), the n_a
+// times first_a + u (last_a − first_a) and then the n_b times first_b + u (last_b −
+// first_b), each with a fresh uniform u on [0, 1), unsorted, and counts them with
+// count_coincidences. The cycles are shared among threads by core::parallel_for, each
+// worker counting apart; the histogram depends on the seed and the cycles alone. False,
+// with the histogram incomplete, when the progress callback cancelled.
+bool add_cycles(const ConcordanceDraw& draw, std::uint64_t seed, long cycles,
+                const core::ParallelOptions& parallel, std::vector<double>& histogram);
 
 // The probability table from the histogram over `cycles` cycles:
 //   P(k) = histogram[k] / cycles,  Q(k) = 1 − Σ_{j<k} P(j)  (chance of >= k coincidences)

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <thread>
 
 #include "core/missing.h"
 
@@ -18,7 +17,8 @@ constexpr std::size_t kFirstScanPoint = 3;
 
 }  // namespace
 
-CosineStart start_cosine(std::span<const double> t, std::span<const double> y, int threads) {
+CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
+                         const core::ParallelOptions& parallel) {
   const std::size_t n = t.size();
   CosineStart start;
   start.scan_period.assign(n, core::kMissing);
@@ -33,10 +33,11 @@ CosineStart start_cosine(std::span<const double> t, std::span<const double> y, i
   for (const double value : y) squares += (value - mean) * (value - mean);
   start.defaults = {span, std::sqrt(std::abs(squares / static_cast<double>(n))), 0, mean, 0};
 
-  // The trial fits are independent, each writing its own row: shared among the threads
-  // in interleaved rows, they fill the same table whatever the number of threads.
-  const auto scan_rows = [&](std::size_t first, std::size_t stride) {
-    for (std::size_t k = first; k < n; k += stride) {
+  // The trial fits are independent, each writing its own row.
+  const auto rows = static_cast<long>(n > kFirstScanPoint ? n - kFirstScanPoint : 0);
+  start.complete = core::parallel_for(rows, parallel, [&](int, long first, long last) {
+    for (auto k = kFirstScanPoint + static_cast<std::size_t>(first);
+         k < kFirstScanPoint + static_cast<std::size_t>(last); ++k) {
       CosineValues trial = start.defaults;
       trial[kPeriod] = t[k];
       const CosineFit fit = fit_cosine(t, y, trial, kScanFlags, start.reference_variance);
@@ -44,18 +45,8 @@ CosineStart start_cosine(std::span<const double> t, std::span<const double> y, i
       start.scan_period[k] = t[k];
       start.scan_percent[k] = std::min(fit.percent, 100.0);
     }
-  };
-  const auto workers = static_cast<std::size_t>(std::max(1, threads));
-  std::vector<std::thread> pool;
-  for (std::size_t w = 1; w < workers; ++w)
-    pool.emplace_back(scan_rows, kFirstScanPoint + w, workers);
-  scan_rows(kFirstScanPoint, workers);
-  for (std::thread& thread : pool) thread.join();
+  });
   return start;
-}
-
-int scan_threads() {
-  return static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
 }
 
 }  // namespace tidemark::stats

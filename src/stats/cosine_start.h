@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "core/parallel.h"
 #include "stats/cosine.h"
 
 namespace tidemark::stats {
@@ -23,15 +24,14 @@ struct CosineStart {
   // missing value -1.E35.
   std::vector<double> scan_period;
   std::vector<double> scan_percent;
+  bool complete = true;
 };
 
-// The number of threads the period scan uses by default: one per core.
-int scan_threads();
-
 // Runs the reference fit and the period scan on the points (t, y), t ascending. The
-// trial fits of the scan are shared among `threads` threads; the table does not depend
-// on their number.
+// trial fits of the scan are shared among threads by core::parallel_for; the table does
+// not depend on their number. `complete` is false when the progress callback cancelled
+// the scan (its table is then incomplete).
 CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
-                         int threads = scan_threads());
+                         const core::ParallelOptions& parallel = {});
 
 }  // namespace tidemark::stats

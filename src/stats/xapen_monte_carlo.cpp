@@ -1,9 +1,7 @@
 #include "stats/xapen_monte_carlo.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <thread>
 
 #include "core/random.h"
 #include "stats/xapen.h"
@@ -12,9 +10,6 @@
 namespace tidemark::stats {
 
 namespace {
-
-// Cycles done between two progress reports.
-constexpr int kBlock = 25;
 
 // Per-thread scratch, so a cycle allocates nothing after the first.
 struct Scratch {
@@ -65,39 +60,16 @@ XApEnCycles xapen_monte_carlo(std::span<const double> a, std::span<const double>
     out.noise[m].assign(cycles, 0.0);
     out.random[m].assign(cycles, 0.0);
   }
-  const int cores = static_cast<int>(std::thread::hardware_concurrency());
-  const int threads = std::max(1, options.threads > 0 ? options.threads : cores);
-  std::vector<Scratch> scratch(threads);
-  std::atomic<int> next{0};
-  std::atomic<int> done{0};
-  std::atomic<bool> stop{false};
-  // Each thread takes the next cycle not yet taken until none is left; the calling
-  // thread takes its share too and reports progress between its cycles.
-  auto run_next = [&](Scratch& s) {
-    const int c = next++;
-    if (c >= cycles || stop) return false;
-    run_cycle(a, sa, b, sb, r, options, c, s, out);
-    ++done;
-    return true;
-  };
-  std::vector<std::jthread> pool;
-  for (int t = 1; t < threads; ++t) {
-    pool.emplace_back([&, t] {
-      while (run_next(scratch[t])) {
-      }
-    });
-  }
-  int reported = 0;
-  auto report = [&](int now) {
-    reported = now;
-    if (options.progress && !options.progress(static_cast<double>(now) / cycles)) stop = true;
-  };
-  while (run_next(scratch[0])) {
-    if (done - reported >= kBlock) report(done);
-  }
-  pool.clear();  // joins
-  if (!stop && reported < cycles) report(cycles);
-  out.cancelled = stop;
+  std::vector<Scratch> scratch(
+      static_cast<std::size_t>(core::parallel_workers(cycles, options.parallel)));
+  const bool complete =
+      core::parallel_for(cycles, options.parallel, [&](int worker, long first, long last) {
+        for (long c = first; c < last; ++c) {
+          run_cycle(a, sa, b, sb, r, options, static_cast<int>(c),
+                    scratch[static_cast<std::size_t>(worker)], out);
+        }
+      });
+  out.cancelled = !complete;
   return out;
 }
 

@@ -3,13 +3,13 @@
 // builds a noise-added surrogate of both series and a random (resampled, noise-added)
 // surrogate of both, and takes X-ApEn(1) and X-ApEn(2) of each pair with the data's r.
 // Cycle c draws from its own generator seeded from `seed` and c, so the results depend on
-// the seed alone, whatever the number of threads that share the cycles.
+// the seed alone, whatever the number of threads that share the cycles (core::parallel_for).
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <vector>
 
+#include "core/parallel.h"
 #include "stats/template_matches.h"
 
 namespace tidemark::stats {
@@ -31,11 +31,9 @@ struct XApEnCycles {
 struct XApEnMonteCarloOptions {
   int cycles = 1000;
   std::uint64_t seed = 1;
-  int threads = 0;                          // 0: one per hardware core
   CountMethod method = CountMethod::kFast;  // both give the same values
-  // Called on the calling thread about every 25 cycles done and at the end, with the
-  // fraction done; false stops the passes.
-  std::function<bool(double)> progress{};
+  // The threads and the progress of the cycles; a cancel stops the passes.
+  core::ParallelOptions parallel{};
 };
 
 // Runs the passes on the standardised series a, b (errors sa, sb) at tolerance r.

@@ -42,6 +42,13 @@ struct SessionView {
 
 // Progress of long work. `update` takes the fraction done in [0, 1] and answers false
 // when the user asked to cancel.
+//
+// `update` is called on the thread that runs the calculation, about every 50 ms while
+// core::parallel_for works and once at the end; never on one of its workers. That thread
+// need not be the ui's own: the desktop program runs commands off its window thread, so
+// its `update` hands the fraction to the window and answers from a cancel flag that the
+// Cancel button sets. After a false answer the calculation stops within one chunk of
+// work, reports itself cancelled and leaves the results it had before.
 class Progress {
  public:
   virtual ~Progress() = default;

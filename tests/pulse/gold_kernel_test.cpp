@@ -14,7 +14,7 @@ TEST(CombineKernels, SumsShapeTimesEliminationOverEveryPairOfLags) {
   // Shape: SD 1, dt 2 keeps lags -2..2 (e^-2, e^-8; lag 3 has exponent -18).
   // Elimination: HL 1, dt 10 keeps lags 0..2 (exponents -6.93, -13.86; lag 3 is -20.8).
   const GoldKernel k = combine_kernels(gaussian_kernel(1, 2, 5), exponential_kernel(1, 10, 5));
-  ASSERT_TRUE(k.ok);
+  ASSERT_TRUE(k.ok());
   EXPECT_EQ(k.first_lag, -2);
   EXPECT_EQ(k.last_lag, 4);
   EXPECT_EQ(k.kernel.half_width(), 4);
@@ -41,7 +41,7 @@ TEST(CombineKernels, ApproximatesTheContinuousConvolutionAtFineSampling) {
   // |f'| <= max |g'| + k = e^-0.5 / sd + ln 2 / HL < 0.1, so below h^2 / 12 * 0.1.
   const double sd = 10, half_life = 20, h = 0.5;
   const GoldKernel k = gold_kernel(half_life, sd, true, h, 1000);
-  ASSERT_TRUE(k.ok);
+  ASSERT_TRUE(k.ok());
   const double tail = 1e-6 * shape_elimination_integral(sd, half_life, 0);  // the -14 cuts
   for (int l = k.first_lag; l <= k.last_lag; l += 7) {
     const double t = l * h;
@@ -53,7 +53,7 @@ TEST(CombineKernels, ApproximatesTheContinuousConvolutionAtFineSampling) {
 
 TEST(GoldKernel, EliminationAloneIsTheExponentialKernelFromLagZero) {
   const GoldKernel k = gold_kernel(1, 0, false, 1, 30);
-  ASSERT_TRUE(k.ok);
+  ASSERT_TRUE(k.ok());
   EXPECT_EQ(k.first_lag, 0);
   EXPECT_EQ(k.last_lag, 20);  // 21 * ln 2 > 14
   EXPECT_EQ(k.kernel[0], 1.0);
@@ -74,7 +74,7 @@ TEST(GoldKernel, RefusesInputsThatGiveNoKernel) {
                         {-5, 1, true, 1, 10}};
   for (const Case& c : cases) {
     const GoldKernel k = gold_kernel(c.half_life, c.sd, c.shape, c.dt, c.samples);
-    EXPECT_FALSE(k.ok);
+    EXPECT_FALSE(k.ok());
     EXPECT_FALSE(k.message.empty());
   }
 }

@@ -32,7 +32,7 @@ TEST(GaussianKernel, FillsSymmetricLagsUntilTheExponentFallsBelowMinus14) {
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << "sd " << c.sd << " dt " << c.dt << " L " << c.half_width);
     const KernelResult r = gaussian_kernel(c.sd, c.dt, c.half_width);
-    ASSERT_TRUE(r.ok) << r.message;
+    ASSERT_TRUE(r.ok()) << r.message;
     EXPECT_EQ(r.last_lag, c.last_lag);
     for (int k = 0; k <= c.half_width; ++k) {
       const double expected = k < int(c.values.size()) ? c.values[k] : 0.0;
@@ -51,7 +51,7 @@ TEST(ExponentialKernel, FillsNonNegativeLagsAndReturnsTheLastLagBeforeTheCut) {
   } cuts[] = {{1, 1, 0, 0}, {1, 1, 10, 10}, {1, 1, 20, 20}, {1, 1, 21, 20}, {60, 10, 500, 121}};
   for (const auto& c : cuts) {
     const KernelResult r = exponential_kernel(c.half_life, c.dt, c.half_width);
-    ASSERT_TRUE(r.ok) << r.message;
+    ASSERT_TRUE(r.ok()) << r.message;
     EXPECT_EQ(r.last_lag, c.last_lag) << c.half_life << " " << c.half_width;
     EXPECT_EQ(r.kernel[0], 1.0);
   }
@@ -78,8 +78,8 @@ TEST(LagKernels, InputsThatAreNotPositiveFiniteOrWidthsOutOfRangeAreRefused) {
                {1, 0, 5}, {1, NAN, 5}, {1, 1, -1},  {1, 1, kMaxKernelHalfWidth + 1}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.scale << " " << c.dt << " " << c.half_width);
-    EXPECT_FALSE(gaussian_kernel(c.scale, c.dt, c.half_width).ok);
-    EXPECT_FALSE(exponential_kernel(c.scale, c.dt, c.half_width).ok);
+    EXPECT_FALSE(gaussian_kernel(c.scale, c.dt, c.half_width).ok());
+    EXPECT_FALSE(exponential_kernel(c.scale, c.dt, c.half_width).ok());
   }
 }
 

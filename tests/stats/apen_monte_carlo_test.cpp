@@ -51,13 +51,14 @@ WorkingSeries wavy_series(int n) {
   return s;
 }
 
-// Each cycle has its own stream, and a block of cycles replays the shuffles before it,
-// so neither the thread count nor the counting method changes a single value.
+// Each cycle has its own stream, and a worker replays the shuffles of the cycles it did
+// not run, so neither the thread count nor the counting method changes a single value.
 TEST(ApEnPasses, ValuesDependOnTheSeedAloneNotOnThreadsOrCountingMethod) {
   const WorkingSeries s = wavy_series(90);
-  const PassOptions one{.cycles = 13, .seed = 77, .threads = 1, .method = CountMethod::kDirect};
+  const PassOptions one{
+      .cycles = 13, .seed = 77, .method = CountMethod::kDirect, .parallel = {.threads = 1}};
   PassOptions three = one;
-  three.threads = 3;
+  three.parallel.threads = 3;
   three.method = CountMethod::kFast;
   for (auto pass : {&noise_pass, &shuffle_pass}) {
     const PassValues a = (*pass)(s, 0.3f, one);
@@ -69,7 +70,8 @@ TEST(ApEnPasses, ValuesDependOnTheSeedAloneNotOnThreadsOrCountingMethod) {
 
 TEST(ApEnPasses, ShuffledCyclesChainOnThePreviousOrder) {
   const WorkingSeries s = wavy_series(40);
-  const PassValues pass = shuffle_pass(s, 0.3f, {.cycles = 3, .seed = 5, .threads = 2});
+  const PassValues pass =
+      shuffle_pass(s, 0.3f, {.cycles = 3, .seed = 5, .parallel = {.threads = 2}});
   // The third cycle's series is the data shuffled by the streams of cycles 0, 1 and 2.
   std::vector<float> x = s.x;
   std::vector<std::uint8_t> usable = s.usable;
@@ -82,10 +84,11 @@ TEST(ApEnPasses, ShuffledCyclesChainOnThePreviousOrder) {
 
 TEST(ApEnPasses, AProgressCallbackThatAnswersFalseCancelsThePass) {
   int calls = 0;
-  const PassOptions options{.cycles = 50, .seed = 1, .threads = 1, .progress = [&](int) {
-                              ++calls;
-                              return false;
-                            }};
+  const PassOptions options{
+      .cycles = 50, .seed = 1, .parallel = {.threads = 1, .progress = [&](long, long) {
+                                              ++calls;
+                                              return false;
+                                            }}};
   EXPECT_FALSE(noise_pass(wavy_series(30), 0.3f, options).complete);
   EXPECT_GE(calls, 1);
 }

@@ -31,7 +31,7 @@ TEST(ConcordanceMonteCarlo, AgreesWithAnIndependentSimulationInR) {
                                {b[0], b[1]},
                                {range[0], range[1]}};
     std::vector<double> histogram;
-    add_cycles(draw, 20261121, 0, kCycles, 2, histogram);
+    add_cycles(draw, 20261121, kCycles, {.threads = 2}, histogram);
     const auto table = probability_table(histogram, static_cast<double>(kCycles));
     const auto rows = c.all("p");  // k, P(k)
     ASSERT_EQ(table.p.size(), rows.size());

@@ -49,7 +49,7 @@ TEST(ConcordanceMatch, TakesTheFirstFreeBEventInListOrder) {
 TEST(ConcordanceMonteCarlo, ARangeWithLoAboveHiPutsEveryCycleAtZero) {
   const ConcordanceDraw draw{3, 4, {0, 100}, {0, 100}, {0.5, -0.5}};
   std::vector<double> histogram;
-  add_cycles(draw, 7, 0, 500, 2, histogram);
+  add_cycles(draw, 7, 500, {.threads = 2}, histogram);
   const auto t = probability_table(histogram, 500);
   ASSERT_EQ(t.p.size(), 4u);  // min(3, 4) + 1 rows
   EXPECT_EQ(t.p[0], 1.0);
@@ -59,7 +59,7 @@ TEST(ConcordanceMonteCarlo, ARangeWithLoAboveHiPutsEveryCycleAtZero) {
 
 TEST(ConcordanceMonteCarlo, NoEventsGiveOneRowWithCertainty) {
   std::vector<double> histogram;
-  add_cycles({0, 5, {0, 10}, {0, 10}, {-1, 1}}, 1, 0, 10, 2, histogram);
+  add_cycles({0, 5, {0, 10}, {0, 10}, {-1, 1}}, 1, 10, {.threads = 2}, histogram);
   const auto t = probability_table(histogram, 10);
   EXPECT_EQ(t.p, std::vector<double>{1.0});
   EXPECT_EQ(t.q, std::vector<double>{1.0});
@@ -71,7 +71,7 @@ TEST(ConcordanceMonteCarlo, AgreesWithTheExactChanceOfACoincidence) {
   // 0.8 × 0.64 + 2 × (1/10) ∫₀¹ ((9 − a)/10)² da = 0.512 + 0.1446667 = 0.6566667 (by hand).
   const long cycles = 200000;
   std::vector<double> histogram;
-  add_cycles({1, 2, {0, 10}, {0, 10}, {-1, 1}}, 2024, 0, cycles, 2, histogram);
+  add_cycles({1, 2, {0, 10}, {0, 10}, {-1, 1}}, 2024, cycles, {.threads = 2}, histogram);
   const auto t = probability_table(histogram, static_cast<double>(cycles));
   const double p0 = 0.512 + 0.002 * (729.0 - 512.0) / 3.0;
   const double five_sigma = 5 * std::sqrt(p0 * (1 - p0) / static_cast<double>(cycles));
@@ -79,18 +79,21 @@ TEST(ConcordanceMonteCarlo, AgreesWithTheExactChanceOfACoincidence) {
   EXPECT_NEAR(t.q[1], 1 - p0, five_sigma);
 }
 
-TEST(ConcordanceMonteCarlo, TheHistogramDependsOnTheSeedAloneNotOnThreadsOrBlocks) {
+TEST(ConcordanceMonteCarlo, TheHistogramDependsOnTheSeedAloneNotOnThreads) {
   const ConcordanceDraw draw{6, 5, {0, 240}, {10, 250}, {-5, 5}};
-  std::vector<double> one, many, blocks;
-  add_cycles(draw, 99, 0, 3000, 1, one);
-  add_cycles(draw, 99, 0, 3000, 7, many);
-  add_cycles(draw, 99, 0, 1000, 2, blocks);
-  add_cycles(draw, 99, 1000, 2000, 3, blocks);
+  std::vector<double> one, many;
+  EXPECT_TRUE(add_cycles(draw, 99, 3000, {.threads = 1}, one));
+  EXPECT_TRUE(add_cycles(draw, 99, 3000, {.threads = 7}, many));
   EXPECT_EQ(one, many);
-  EXPECT_EQ(one, blocks);
   std::vector<double> other;
-  add_cycles(draw, 100, 0, 3000, 1, other);
+  add_cycles(draw, 100, 3000, {.threads = 1}, other);
   EXPECT_NE(one, other);
+}
+
+TEST(ConcordanceMonteCarlo, ACancelledRunAnswersFalse) {
+  std::vector<double> histogram;
+  EXPECT_FALSE(add_cycles({2, 2, {0, 10}, {0, 10}, {-1, 1}}, 5, 1000,
+                          {.threads = 2, .progress = [](long, long) { return false; }}, histogram));
 }
 
 TEST(ConcordanceTable, QIsOneMinusTheChanceOfFewerCoincidences) {

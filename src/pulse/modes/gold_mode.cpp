@@ -83,7 +83,7 @@ class GoldMode : public shell::Module {
 
     const GoldKernel kernel =
         gold_kernel(in.half_life, in.secretion_sd, in.with_shape, in.interval, static_cast<int>(n));
-    if (!kernel.ok)
+    if (!kernel.ok())
       return shell::ModeResult::failed({"Gold Method Kernel Error: " + kernel.message});
     run.output.first_lag = kernel.first_lag;
     run.output.last_lag = kernel.last_lag;

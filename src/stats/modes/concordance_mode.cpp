@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <optional>
-#include <thread>
 
 #include "core/missing.h"
 #include "data/secretion_events.h"
 #include "stats/modes/concordance_graph.h"
 #include "stats/modes/concordance_report.h"
+#include "ui/work_progress.h"
 
 namespace tidemark::stats {
 namespace {
@@ -35,9 +35,6 @@ const ui::Dialog& concordance_dialog() {
         true}}};
   return dialog;
 }
-
-// Cycles between two progress reports.
-constexpr long kCycleBlock = 10'000;
 
 // The first and last sample time of the crop range of `set`.
 TimeRange time_range(const data::DataSet& set) {
@@ -105,20 +102,13 @@ class ConcordanceMode : public shell::Module {
     return {-0.5 * dt, 0.5 * dt};
   }
 
-  // The cycles in blocks, reporting progress between them, on every core from one draw
-  // of the session's generator; false when the user cancelled.
+  // The cycles from one draw of the session's generator, with their progress shown;
+  // false when the user cancelled.
   static bool run_cycles(shell::ModuleContext& c, const ConcordanceDraw& draw, long cycles,
                          std::vector<double>& histogram) {
     const std::uint64_t seed = c.random.next();
-    const int threads = static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
     auto progress = c.ui.progress("Concordance Monte-Carlo cycles");
-    for (long done = 0; done < cycles; done += kCycleBlock) {
-      add_cycles(draw, seed, done, std::min(kCycleBlock, cycles - done), threads, histogram);
-      const double fraction =
-          static_cast<double>(std::min(cycles, done + kCycleBlock)) / static_cast<double>(cycles);
-      if (progress && !progress->update(fraction)) return false;
-    }
-    return true;
+    return add_cycles(draw, seed, cycles, {.progress = ui::report_to(progress.get())}, histogram);
   }
 };
 

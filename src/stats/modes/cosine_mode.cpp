@@ -17,6 +17,7 @@
 #include "stats/modes/cosine_graph.h"
 #include "stats/modes/cosine_listing.h"
 #include "stats/modes/cosine_series_edits.h"
+#include "ui/work_progress.h"
 
 namespace tidemark::stats {
 
@@ -131,7 +132,10 @@ class CosineMode : public shell::Module {
     if (!conditioned.ok) return conditioned.message;
     usable_points(c.store.current(), t_, y_);
     if (c.store.current_index() != set_index_) {
-      start_ = start_cosine(t_, y_);
+      auto progress = c.ui.progress("Cosine period scan");
+      CosineStart start = start_cosine(t_, y_, {.progress = ui::report_to(progress.get())});
+      if (!start.complete) return std::string("Cosine period scan cancelled.");
+      start_ = std::move(start);
       if (start_.reference.code != Lsfit2Code::kOk) {
         c.log.log(lsfit2_error_line(start_.reference.code));
         return lsfit2_error_line(start_.reference.code) + ": " + start_.reference.message;

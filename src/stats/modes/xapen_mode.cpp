@@ -3,6 +3,7 @@
 #include "stats/modes/paired_series.h"
 #include "stats/modes/xapen_graph.h"
 #include "stats/modes/xapen_report.h"
+#include "ui/work_progress.h"
 
 namespace tidemark::stats {
 
@@ -68,11 +69,11 @@ class XApEnMode : public shell::Module {
                        .hits = HitTable(static_cast<int>(a.x.size()))};
     report.data = cross_apen(a.x, b.x, report.r, &report.hits);
     auto progress = c.ui.progress("X_ApEn Monte-Carlo cycles");
-    const XApEnCycles runs = xapen_monte_carlo(
-        a.x, a.s, b.x, b.s, report.r,
-        {.cycles = cycles, .seed = c.random.next(), .threads = 0, .progress = [&](double f) {
-           return !progress || progress->update(f);
-         }});
+    const XApEnCycles runs =
+        xapen_monte_carlo(a.x, a.s, b.x, b.s, report.r,
+                          {.cycles = cycles,
+                           .seed = c.random.next(),
+                           .parallel = {.progress = ui::report_to(progress.get())}});
     if (runs.cancelled) return shell::ModeResult::failed({"X_ApEn calculation cancelled."});
     summarize_cycles(runs, report);
     const std::vector<std::string> lines = xapen_result_lines(report);

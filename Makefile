@@ -5,7 +5,7 @@ CCACHE := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 CMAKE := cmake -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CCACHE)
 CTEST := ctest --output-on-failure -j $(JOBS)
 
-.PHONY: all deps build build-asan test test-plain test-asan demo bench fuzz format clean
+.PHONY: all deps build build-asan test test-plain test-asan demo bench fuzz format package clean
 
 all: build
 
@@ -41,6 +41,10 @@ bench: build
 fuzz:
 	@test -f build-fuzz/build.ninja || CXX=clang++ $(CMAKE) -DTIDEMARK_FUZZ=ON -S . -B build-fuzz
 	@cmake --build build-fuzz -j $(JOBS)
+
+# A Debian package of both programs (CPack): build/tidemark_<version>_<arch>.deb.
+package: build
+	@cmake --build build --target package
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i

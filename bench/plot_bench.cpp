@@ -4,41 +4,16 @@
 // the same page's source, and the PNG of a page with 10,000 points in each panel.
 #include <benchmark/benchmark.h>
 
-#include <cmath>
 #include <string>
-#include <vector>
 
 #include "graphics/plot_parser.h"
-#include "graphics/plot_writer.h"
+#include "three_panel_source.h"
 #include "render/renderer.h"
 
 namespace {
 
 using namespace tidemark;
-
-// A source of three panels, `points` rows each: a pulsatile series with error bars.
-std::string three_panel_source(int points) {
-  graphics::PlotWriter w;
-  w.page("Benchmark page");
-  for (int p = 0; p < 3; ++p) {
-    std::vector<double> x, y, e;
-    for (int i = 0; i < points; ++i) {
-      const double t = i * 1440.0 / points;
-      x.push_back(t);
-      y.push_back(3 + 2 * std::sin(t / 60.0 + p) + 0.3 * std::sin(t * 1.7));
-      e.push_back(0.2 + 0.01 * (i % 7));
-    }
-    w.panel("Panel " + std::to_string(p + 1));
-    w.x_axis({.label = "Time (min)"});
-    w.y_axis({.label = "Concentration",
-              .scale = p == 2 ? graphics::Scale::kLog : graphics::Scale::kLinear});
-    w.series(
-        "Series",
-        {.symbol = graphics::Symbol::kCircle, .line = graphics::Dash::kSolid, .error_bars = true},
-        x, y, e);
-  }
-  return w.text();
-}
+using bench_support::three_panel_source;
 
 void BM_RenderThreePanelPng(benchmark::State& state) {
   const int per_panel = static_cast<int>(state.range(0));

@@ -90,8 +90,25 @@ bool Session::make_default_folder(const std::filesystem::path& folder) {
   return false;
 }
 
+// What the user's windows show of this run between commands.
+ui::SessionView Session::view() const {
+  ui::SessionView v;
+  for (int i = 0; i < store_.count(); ++i) {
+    const data::DataSet& set = store_.at(i);
+    v.data_sets.push_back({set.handle, set.file_name, set.modified});
+  }
+  v.current = store_.empty() ? -1 : store_.current_index();
+  if (mode_ >= 1) v.mode = std::string(mode_info(mode_).name);
+  v.history = files_->history_path().string();
+  v.log = files_->log_path().string();
+  v.answers = files_->answers_path().string();
+  v.graph = files_->graph_path().string();
+  return v;
+}
+
 std::optional<std::string> Session::next_command() {
   if (auto line = command_files_.next()) return line;
+  ui_.show_session(view());
   while (auto typed = ui_.next_command()) {
     if (auto command = command_of_line(*typed)) return command;
   }

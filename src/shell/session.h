@@ -68,9 +68,12 @@ class Session {
   // history cannot be run while it is being written.
   bool run_command_file(const std::string& name);
 
-  // The next command: from the innermost open command file, else from the user; no
-  // value at the end of input.
+  // The next command: from the innermost open command file, else from the user (who is
+  // first shown view()); no value at the end of input.
   std::optional<std::string> next_command();
+
+  // The data sets, mode and run files, as the user's windows show them.
+  ui::SessionView view() const;
 
   // Records `folder` (made absolute) as Default_Folder in system/registry.ini; false,
   // after "Could not write user registry" ("Serious Error"), when it cannot be written.

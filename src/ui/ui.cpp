@@ -49,6 +49,8 @@ std::unique_ptr<Progress> Ui::progress(std::string_view) {
 
 void Ui::show_hint(std::string_view, const std::vector<std::string>&) {}
 
+void Ui::show_session(const SessionView&) {}
+
 std::optional<std::string> Ui::next_command() {
   return std::nullopt;
 }

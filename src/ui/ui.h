@@ -25,6 +25,21 @@ struct FileRequest {
   bool for_writing = false;
 };
 
+// What a window shows of the program's state between commands: the data sets loaded
+// (their handles, file names and whether they changed since they were written), the
+// current one, the mode chosen, and the run files a viewer may open.
+struct SessionView {
+  struct DataSet {
+    std::string handle;
+    std::string file_name;
+    bool modified = false;
+  };
+  std::vector<DataSet> data_sets;
+  int current = -1;  // index into data_sets; -1 when none is loaded
+  std::string mode;  // the mode's menu name; empty before any choice
+  std::string history, log, answers, graph;
+};
+
 // Progress of long work. `update` takes the fraction done in [0, 1] and answers false
 // when the user asked to cancel.
 //
@@ -84,6 +99,9 @@ class Ui {
 
   // A hint shown while no data set is loaded ("Initial Program Information").
   virtual void show_hint(std::string_view title, const std::vector<std::string>& lines);
+
+  // The program's state, given before the user is asked for the next command.
+  virtual void show_session(const SessionView& view);
 
   // The next command typed or chosen by the user; no value at the end of input.
   virtual std::optional<std::string> next_command();

@@ -12,7 +12,8 @@ std::string gold_graph(const GoldRun& run) {
   w.page("Gold's Method Deconvolution");
   w.panel(run.handle);
   w.x_axis({.label = "Time"});
-  graphics::write_common_options(w, {.file_name = run.file_name,
+  graphics::write_common_options(w, {.y_label = run.concentration_header,
+                                     .file_name = run.file_name,
                                      .handle = run.handle,
                                      .x = run.time,
                                      .y = run.concentration,

@@ -55,6 +55,7 @@ class GoldMode : public shell::Module {
     GoldRun run;
     run.file_name = set.file_name;
     run.handle = set.handle;
+    run.concentration_header = set.concentration_header();
     run.half_life = std::get<double>(c.values[kHalfLife]);
     run.secretion_sd = std::get<double>(c.values[kSecretionSd]);
     run.with_shape = std::get<int>(c.values[kKernel]) == kShapeKernel;

@@ -19,10 +19,16 @@ constexpr std::size_t kFirstScanPoint = 3;
 }  // namespace
 
 CosineStart start_cosine(std::span<const double> t, std::span<const double> y, int threads) {
+  return start_cosine(t, y, t, threads);
+}
+
+CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
+                         std::span<const double> trial_times, int threads) {
   const std::size_t n = t.size();
+  const std::size_t rows = trial_times.size();
   CosineStart start;
-  start.scan_period.assign(n, core::kMissing);
-  start.scan_percent.assign(n, core::kMissing);
+  start.scan_period.assign(rows, core::kMissing);
+  start.scan_percent.assign(rows, core::kMissing);
   const double span = n == 0 ? 0.0 : t[n - 1] - t[0];
   const CosineFit reference = fit_cosine(t, y, {span, 0, 0, 0, 0}, kReferenceFlags, 0);
   start.reference = reference.engine;
@@ -36,12 +42,12 @@ CosineStart start_cosine(std::span<const double> t, std::span<const double> y, i
   // The trial fits are independent, each writing its own row: shared among the threads
   // in interleaved rows, they fill the same table whatever the number of threads.
   const auto scan_rows = [&](std::size_t first, std::size_t stride) {
-    for (std::size_t k = first; k < n; k += stride) {
+    for (std::size_t k = first; k < rows; k += stride) {
       CosineValues trial = start.defaults;
-      trial[kPeriod] = t[k];
+      trial[kPeriod] = trial_times[k];
       const CosineFit fit = fit_cosine(t, y, trial, kScanFlags, start.reference_variance);
       if (fit.engine.code != Lsfit2Code::kOk) continue;
-      start.scan_period[k] = t[k];
+      start.scan_period[k] = trial_times[k];
       start.scan_percent[k] = std::min(fit.percent, 100.0);
     }
   };

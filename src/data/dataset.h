@@ -58,6 +58,11 @@ struct DataSet {
   bool modified = false;
 
   int size() const { return static_cast<int>(columns[kX].size()); }
+  // The header of the concentration column as graphs label their y axis: the header
+  // read ("LH"), else "CONC", the data conditioner's default.
+  std::string concentration_header() const {
+    return headers[kY].empty() ? std::string("CONC") : headers[kY];
+  }
   std::vector<float>& x() { return columns[kX]; }
   std::vector<float>& y() { return columns[kY]; }
   std::vector<float>& dy() { return columns[kDY]; }

@@ -120,10 +120,20 @@ SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& pa
           {std::string(core::rtrim(parser.eval_error_message())), "Row " + std::to_string(r)});
     }
   }
+  int stored_missing = 0;
   for (int r = target->rows.first; r <= target->rows.last; ++r) {
     grid.set_value(r, target->column, results[static_cast<std::size_t>(r - target->rows.first)]);
+    if (core::is_missing(grid.value(r, target->column))) ++stored_missing;
   }
-  return SheetStatus::success();
+  SheetStatus status = SheetStatus::success();
+  if (stored_missing > 0) {
+    status.title = "Data Spread Sheet";
+    status.lines = {std::to_string(stored_missing) + " of " +
+                    std::to_string(target->rows.last - target->rows.first + 1) +
+                    " rows were stored as missing (a missing input, a result that is not a "
+                    "number, or one beyond the range of the column)."};
+  }
+  return status;
 }
 
 }  // namespace tidemark::formula

@@ -37,7 +37,10 @@ struct RowRange {
 // the variables (N = the row number) and stored through Grid::set_value. A row in which
 // a variable the formula reads is missing gets a missing result without evaluation. An
 // evaluation error stops the assignment with the parser's message and the row number,
-// titled "Function Evaluation Error", and leaves every row as it was.
+// titled "Function Evaluation Error", and leaves every row as it was. A successful
+// assignment that stored some rows as missing (a missing input, a result that is not a
+// number or beyond the column's range) says how many in its lines ("2 of 6 rows were
+// stored as missing ..."), titled "Data Spread Sheet".
 SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& parser);
 
 }  // namespace tidemark::formula

@@ -24,7 +24,8 @@ inline constexpr std::size_t kLabelLength = 10;
 enum class CellKind { kInteger, kReal };
 
 // Outcome of a spreadsheet operation: ok, or a message box (title and lines) that the
-// caller shows; a refused operation has changed nothing.
+// caller shows; a refused operation has changed nothing. An operation that succeeded
+// may carry a note for the user in its title and lines.
 struct SheetStatus {
   bool ok = true;
   std::string title;

@@ -1,5 +1,6 @@
 #include "formula/spreadsheet_ops.h"
 
+#include <array>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -40,13 +41,15 @@ SheetStatus keep_rows(Grid& grid, int from, int to, int step) {
   return SheetStatus::success();
 }
 
-// One column's bin summary over its non-missing cells.
-float summarise(const std::vector<float>& column, std::size_t from, std::size_t to, int which) {
+// One column's summary over the rows from..to-1 that `use` marks, skipping its own
+// missing cells.
+float summarise(const std::vector<float>& column, const std::vector<bool>& use, std::size_t from,
+                std::size_t to, int which) {
   double sum = 0;
   double squares = 0;
   int m = 0;
   for (std::size_t i = from; i < to; ++i) {
-    if (core::is_missing(column[i])) continue;
+    if (!use[i] || core::is_missing(column[i])) continue;
     sum += column[i];
     squares += double(column[i]) * column[i];
     ++m;
@@ -57,6 +60,12 @@ float summarise(const std::vector<float>& column, std::size_t from, std::size_t 
   return static_cast<float>(sum / m);
 }
 
+// True for the columns that describe the concentration of a row: its time, its SEM and
+// its replicates are averaged only over the rows whose concentration is present.
+bool follows_concentration(int column) {
+  return column == data::kX || column == data::kY || column == data::kDY || column == data::kReps;
+}
+
 }  // namespace
 
 SheetStatus average_rows(Grid& grid, int bin_size) {
@@ -65,14 +74,25 @@ SheetStatus average_rows(Grid& grid, int bin_size) {
   const auto bin = static_cast<std::size_t>(bin_size);
   const std::size_t bins = (n + bin - 1) / bin;
   if (bins < kMinimumRows) return too_few_rows(static_cast<int>(bins));
+  const std::vector<float>& y = grid.set().y();
+  const std::vector<bool> every(n, true);
+  std::vector<bool> measured(n);
+  for (std::size_t i = 0; i < n; ++i) measured[i] = !core::is_missing(y[i]);
+  // A bin without any concentration keeps its mean time, so that the row stays in its
+  // place on the time axis; its concentration, SEM and REPS are missing.
+  std::vector<bool> bin_measured(bins, false);
+  for (std::size_t i = 0; i < n; ++i) bin_measured[i / bin] = bin_measured[i / bin] || measured[i];
+  std::array<std::vector<float>, data::kColumnCount> averaged;
   for (int c = 0; c < data::kColumnCount; ++c) {
-    auto& column = grid.set().columns[static_cast<std::size_t>(c)];
-    std::vector<float> averaged;
-    for (std::size_t from = 0; from < n; from += bin) {
-      averaged.push_back(summarise(column, from, std::min(from + bin, n), c));
+    const auto& column = grid.set().columns[static_cast<std::size_t>(c)];
+    for (std::size_t from = 0, b = 0; from < n; from += bin, ++b) {
+      const bool time_only = c == data::kX && !bin_measured[b];
+      const std::vector<bool>& use = follows_concentration(c) && !time_only ? measured : every;
+      averaged[static_cast<std::size_t>(c)].push_back(
+          summarise(column, use, from, std::min(from + bin, n), c));
     }
-    column = std::move(averaged);
   }
+  grid.set().columns = std::move(averaged);
   clear_crop(grid.set());
   return SheetStatus::success();
 }

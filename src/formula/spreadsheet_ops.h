@@ -12,11 +12,16 @@ namespace tidemark::formula {
 inline constexpr int kMinimumRows = 2;
 
 // Replaces each run of `bin_size` rows (from row 1; the last bin holds what is left) by
-// one row. Over the non-missing cells c_1..c_m of a bin, column by column:
+// one row. A row counts for the bin's TIME, CONC, SEM and REPS only when its
+// concentration is present; FX1..FX4 are taken over their own present cells. Over the
+// cells c_1..c_m that count, column by column:
 //   TIME, CONC, FX1..FX4   the mean (c_1 + ... + c_m) / m, the bin's mean time
 //   SEM                    sqrt(c_1^2 + ... + c_m^2) / m, the standard error of the mean
 //   REPS                   the sum c_1 + ... + c_m, the replicates behind the mean
-// A column with no non-missing cell in a bin is missing there. Needs bin_size >= 1.
+// So a bin of a sample at time 0 and a missing concentration at time 10 is the sample
+// itself (time 0, its SEM, its REPS). A bin without any concentration keeps the mean
+// time of its rows and is missing in CONC, SEM and REPS; a column with no cell that
+// counts is missing there. Needs bin_size >= 1.
 SheetStatus average_rows(Grid& grid, int bin_size);
 
 // Keeps rows start, start + every, start + 2 every, ... Needs every >= 1 and start in

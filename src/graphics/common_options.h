@@ -45,7 +45,7 @@ struct CommonDefaults {
 
 // What the common options show for one concentration series.
 struct CommonGraph {
-  std::string_view y_label = "Concentration";
+  std::string_view y_label{};  // the concentration's header ("LH"), as the data name it
   std::string_view file_name{};
   std::string_view handle{};
   // The lower-right page text when it is not the handle: a graph of two series names

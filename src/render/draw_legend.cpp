@@ -2,6 +2,7 @@
 
 #include "render/draw_parts.h"
 #include "render/draw_style.h"
+#include "render/legend_place.h"
 #include "render/legend_rows.h"
 #include "render/text.h"
 
@@ -62,37 +63,19 @@ void draw_legend_below(cairo_t* cr, const Frame& f, const graphics::Panel& panel
 // The entries one under another in a box in a corner of the plot area.
 void draw_legend_box(cairo_t* cr, const Frame& f, const graphics::Panel& panel,
                      const RenderOptions& options) {
-  using graphics::Place;
+  const Box box = legend_box(cr, f, panel, options, panel.legend);
+  if (box.width <= 0) return;
   const double row = legend_row_height(cr, options);
-  use_font(cr, options, Role::kNote);
-  double widest = 0;
-  int rows = 0;
-  for (const graphics::Series& s : panel.series) {
-    if (s.name.empty()) continue;
-    widest = std::max(widest, text_width(cr, s.name));
-    ++rows;
-  }
-  if (rows == 0) return;
-  const double w = 2 * kLegendPad + kLegendSample + kGap + widest;
-  const double h = 2 * kLegendPad + rows * row;
-  const bool left = panel.legend == Place::kTopLeft || panel.legend == Place::kBottomLeft;
-  const bool top = panel.legend == Place::kTopLeft || panel.legend == Place::kTopRight;
-  const double x = left ? f.left + kLegendInset : f.right() - kLegendInset - w;
-  // A legend at the top stays below the labels of the vertical markers.
-  const bool labelled = std::any_of(panel.markers.begin(), panel.markers.end(),
-                                    [](const graphics::Marker& m) { return !m.label.empty(); });
-  const double below_labels = labelled ? row : 0;
-  const double y = top ? f.top + kLegendInset + below_labels : f.bottom() - kLegendInset - h;
-  cairo_rectangle(cr, x, y, w, h);
+  cairo_rectangle(cr, box.x, box.y, box.width, box.height);
   cairo_set_source_rgba(cr, 1, 1, 1, 0.88);
   cairo_fill_preserve(cr);
   set_colour(cr, 0xB0B0B0);
   set_line(cr, graphics::Dash::kSolid, 0.6);
   cairo_stroke(cr);
-  double middle = y + kLegendPad + row / 2;
+  double middle = box.y + kLegendPad + row / 2;
   for (const graphics::Series& s : panel.series) {
     if (s.name.empty()) continue;
-    draw_entry(cr, s, x + kLegendPad, middle, options);
+    draw_entry(cr, s, box.x + kLegendPad, middle, options);
     middle += row;
   }
 }

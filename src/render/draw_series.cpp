@@ -110,13 +110,20 @@ void paint_symbol(cairo_t* cr, const DrawStyle& d, double x, double y) {
   cairo_stroke(cr);
 }
 
+// True when the point lies in the plot area or on its edge.
+bool in_area(const Frame& f, const Placed& p) {
+  constexpr double kEdge = 1e-6;  // points of rounding
+  return p.x >= f.left - kEdge && p.x <= f.right() + kEdge && p.y >= f.top - kEdge &&
+         p.y <= f.bottom() + kEdge;
+}
+
 // On a bitmap the symbol is drawn once into a small image and stamped at each point,
 // on whole device pixels; on vector pages each symbol is a path of its own.
 void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
   if (cairo_surface_get_type(cairo_get_target(cr)) != CAIRO_SURFACE_TYPE_IMAGE) {
     for (std::size_t i = 0; i < s.x.size(); ++i) {
       const Placed p = place(f, s.x[i], s.y[i]);
-      if (p.ok) paint_symbol(cr, d, p.x, p.y);
+      if (p.ok && in_area(f, p)) paint_symbol(cr, d, p.x, p.y);
     }
     return;
   }
@@ -135,7 +142,7 @@ void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle&
   const double half = side / 2;
   for (std::size_t i = 0; i < s.x.size(); ++i) {
     Placed p = place(f, s.x[i], s.y[i]);
-    if (!p.ok) continue;
+    if (!p.ok || !in_area(f, p)) continue;
     cairo_matrix_transform_point(&page, &p.x, &p.y);
     const double x = std::round(p.x) - half, y = std::round(p.y) - half;
     cairo_set_source_surface(cr, stamp, x, y);
@@ -168,9 +175,12 @@ void draw_series(cairo_t* cr, const Frame& f, const Series& s) {
   if (s.style.bars) draw_bars(cr, f, s, d);
   if (d.dash != graphics::Dash::kNone) draw_curve(cr, f, s, d);
   if (s.style.error_bars) draw_error_bars(cr, f, s, d);
-  if (d.symbol != graphics::Symbol::kNone) draw_symbols(cr, f, s, d);
   if (s.style.mark_missing) draw_missing_marks(cr, f, s, d);
   cairo_restore(cr);
+  // Symbols are not clipped: one on the edge of the plot area (a correlation of exactly
+  // 1 on an axis ending at 1) is drawn whole, over the frame. Points outside the area
+  // are left out.
+  if (d.symbol != graphics::Symbol::kNone) draw_symbols(cr, f, s, d);
 }
 
 }  // namespace tidemark::render

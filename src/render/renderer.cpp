@@ -10,6 +10,7 @@
 
 #include "render/draw_parts.h"
 #include "render/layout.h"
+#include "render/legend_place.h"
 #include "render/text.h"
 
 namespace tidemark::render {
@@ -88,8 +89,10 @@ void draw_notes(cairo_t* cr, const graphics::Plot& plot, const PageLayout& page,
 
 }  // namespace
 
-void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& options) {
+void draw_plot(cairo_t* cr, const graphics::Plot& source, const RenderOptions& options) {
   cairo_save(cr);
+  // A legend box goes where it hides no data, or below its panel.
+  const graphics::Plot plot = with_legends_placed(cr, source, options);
   const PageLayout page = lay_out(cr, plot, options);
   if (!plot.title.empty()) {
     use_font(cr, options, Role::kPageTitle);

@@ -20,11 +20,7 @@ extern "C" const char* __lsan_default_suppressions() {
 
 namespace tidemark::render {
 
-namespace {
-
-// `text` with every byte that does not belong to a well-formed UTF-8 sequence replaced
-// by "?": cairo refuses a malformed string and then draws nothing more on the context.
-std::string well_formed(std::string_view text) {
+std::string drawable_text(std::string_view text) {
   std::string out;
   out.reserve(text.size());
   std::size_t i = 0;
@@ -50,15 +46,18 @@ std::string well_formed(std::string_view text) {
     if (good && c != 0) {
       out.append(text.substr(i, n));
       i += n;
+      continue;
+    }
+    if (c >= 0xA0) {  // Latin-1: the character of the same number
+      out += static_cast<char>(0xC0 | (c >> 6));
+      out += static_cast<char>(0x80 | (c & 0x3F));
     } else {
       out += '?';
-      ++i;
     }
+    ++i;
   }
   return out;
 }
-
-}  // namespace
 
 double font_points(const RenderOptions& options, Role role) {
   switch (role) {
@@ -83,7 +82,7 @@ void use_font(cairo_t* cr, const RenderOptions& options, Role role) {
 }
 
 double text_width(cairo_t* cr, std::string_view text) {
-  const std::string s = well_formed(text);
+  const std::string s = drawable_text(text);
   cairo_text_extents_t e;
   cairo_text_extents(cr, s.c_str(), &e);
   return e.x_advance;
@@ -123,7 +122,7 @@ void draw_text(cairo_t* cr, double x, double y, std::string_view text, graphics:
     cairo_font_extents(cr, &e);
     y += 0.5 * (e.ascent - e.descent);
   }
-  const std::string s = well_formed(text);
+  const std::string s = drawable_text(text);
   cairo_move_to(cr, x, y);
   cairo_show_text(cr, s.c_str());
   cairo_new_path(cr);

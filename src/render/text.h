@@ -13,6 +13,12 @@ namespace tidemark::render {
 
 enum class Role { kTick, kLabel, kPanelTitle, kPageTitle, kNote };
 
+// `text` as cairo can draw it, whatever its bytes: well-formed UTF-8 is kept; any other
+// byte from 0xA0 up is read as Latin-1 (a title typed as "\xB5g/L" is drawn "µg/L"), and
+// the rest (NUL, 0x80..0x9F, a stray byte of a broken sequence below 0xA0) become "?".
+// cairo refuses a malformed string and then draws nothing more on the context.
+std::string drawable_text(std::string_view text);
+
 // Selects the face and size of `role` on `cr`.
 void use_font(cairo_t* cr, const RenderOptions& options, Role role);
 

@@ -29,6 +29,7 @@ bool CommandFiles::open(const std::string& name) {
   file->in.open(name);
   if (!file->in) return false;
   file->unit = unit;
+  file->name = name;
   open_.push_back(std::move(file));
   return true;
 }
@@ -36,11 +37,16 @@ bool CommandFiles::open(const std::string& name) {
 std::optional<std::string> CommandFiles::next() {
   while (!open_.empty()) {
     std::string line;
-    if (!std::getline(open_.back()->in, line)) {
+    OpenFile& file = *open_.back();
+    if (!std::getline(file.in, line)) {
       open_.pop_back();
       continue;
     }
-    if (auto command = command_of_line(line)) return command;
+    ++file.line;
+    if (auto command = command_of_line(line)) {
+      last_position_ = file.name + " line " + std::to_string(file.line);
+      return command;
+    }
   }
   return std::nullopt;
 }

@@ -22,14 +22,16 @@ class CommandFiles {
   // files are open already.
   bool open(const std::string& name);
 
-  // The next command of the innermost open file (cut to 1024 characters, without its
-  // line end); no value when no file is open.
+  // The next command of the innermost open file (whole, without its line end); no value
+  // when no file is open.
   std::optional<std::string> next();
 
   // Closes every open file (the program is ending, or the store was reset).
   void close_all() { open_.clear(); }
 
   int depth() const { return static_cast<int>(open_.size()); }
+  // Where the command last returned by next() stands: "run.cmd line 4".
+  const std::string& last_position() const { return last_position_; }
   // The input unit of the innermost open file; 0 when none is open.
   int unit() const { return open_.empty() ? 0 : open_.back()->unit; }
 
@@ -37,10 +39,13 @@ class CommandFiles {
   struct OpenFile {
     std::ifstream in;
     int unit = 0;
+    std::string name;
+    int line = 0;  // lines read so far
   };
   int free_unit() const;
 
   std::vector<std::unique_ptr<OpenFile>> open_;
+  std::string last_position_;
 };
 
 }  // namespace tidemark::shell

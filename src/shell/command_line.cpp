@@ -86,6 +86,10 @@ CommandLine parse_command_line(const std::vector<std::string>& args) {
       const std::string_view file = option_argument(args, i, at, false, used);
       if (used > 0) line.command_file = std::string(core::trim(unquote(file)));
     }
+    if (used == 0 && !line.on_error) {
+      const std::string_view choice = option_argument(args, i, "-ON_ERROR", true, used);
+      if (used > 0) line.on_error = std::string(core::trim(choice));
+    }
     if (used == 0 && !line.graph_file) {
       const std::string_view file = option_argument(args, i, "-grf_view", false, used);
       if (used > 0) line.graph_file = std::string(core::trim(unquote(file)));
@@ -107,12 +111,15 @@ std::string usage_text() {
          "  -PRINT:FILE     print FILE through lp and end\n"
          "  -CD:FOLDER      make FOLDER the default data folder and end\n"
          "  -SHELL          open $SHELL in the default data folder and end\n"
-         "  -HELP           list the help documents and end\n"
+         "  -HELP           list the help documents (help/commands.txt: the commands) and end\n"
          "  -grf_view FILE  draw a graph source file beside it\n"
+         "  -ON_ERROR:STOP  end the run at the first command that fails (exit status 3,\n"
+         "                  the message names the command); -ON_ERROR:CONTINUE goes on\n"
          "  --help          show this text and end\n"
          "  --version       show the program's version and end\n"
          "Commands are read from standard input when no command file is given; the\n"
-         "program folder is $TIDEMARK_HOME, else $XDG_DATA_HOME/tidemark.\n";
+         "program folder is $TIDEMARK_HOME, else $XDG_DATA_HOME/tidemark. At the prompt,\n"
+         "HELP lists the commands.\n";
 }
 
 }  // namespace tidemark::shell

@@ -59,7 +59,7 @@ std::optional<std::string> command_of_line(std::string_view line) {
   if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
   const std::string_view text = core::trim(line);
   if (text.empty() || text.front() == '!') return std::nullopt;
-  return core::cut(text, core::kLineLength);
+  return std::string(text);
 }
 
 std::string command_with_file(std::string_view name, std::string_view file) {

@@ -1,6 +1,6 @@
 #pragma once
 // The text of a command: an upper-case name, optionally a blank and an argument; a file
-// or folder argument is written in double quotes (COPY_LOG "C:\run\today.log").
+// or folder argument is written in double quotes (COPY_LOG "runs/today.log").
 //
 //   command_is("copy_log \"a.log\"", "COPY_LOG")        ->  true
 //   command_argument("COPY_LOG \"my file.log\"", "COPY_LOG")  ->  "my file.log"
@@ -31,8 +31,9 @@ std::string text_after_argument(std::string_view command, std::string_view name)
 std::vector<std::string> quoted_arguments(std::string_view command, std::string_view name);
 
 // The command a line of a command file (or of typed input) holds: the line without
-// surrounding blanks and its line end, cut to 1024 characters; no value for a blank line
-// or a comment line (one that begins with "!").
+// surrounding blanks and its line end, whole (the session refuses one longer than a
+// command line of 1024 characters); no value for a blank line or a comment line (one
+// that begins with "!").
 std::optional<std::string> command_of_line(std::string_view line);
 
 // name + " \"" + file + "\"": a command as the history records it.

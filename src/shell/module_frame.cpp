@@ -35,6 +35,19 @@ class UnavailableModule : public Module {
   ui::Dialog dialog_;
 };
 
+// The mode's dialog with the frame's standard buttons and the commands they issue.
+ui::Dialog with_buttons(const ui::Dialog& dialog, const std::string& prefix) {
+  ui::Dialog shown = dialog;
+  shown.buttons = {{"Calculate", prefix + "_CALCULATE"},
+                   {"View Results", prefix + "_VIEW"},
+                   {"Print Results", prefix + "_PRINT"},
+                   {"Store Results", "STORE_RESULTS"},
+                   {"Recall Results", "RECALL_RESULTS"},
+                   {"Save Parameters as Default", "SAVE_PARAMETERS"},
+                   {"OK", "TEMP_CLOSE"}};
+  return shown;
+}
+
 class Frame {
  public:
   Frame(Session& session, int index, std::unique_ptr<Module> module)
@@ -46,17 +59,24 @@ class Frame {
         print_(prefix_ + "_PRINT"),
         view_(prefix_ + "_VIEW"),
         module_(std::move(module)),
+        shown_(with_buttons(module_->dialog(), prefix_)),
         listing_(session.temporary_file("LIST_", ".lst")),
         fix_(session.temporary_file(module_->fix_prefix(), ".fix")),
         values_(ui::default_values(module_->dialog())) {
     if (!module_->settings_file().empty()) {
       settings_ = session.folders().system / module_->settings_file();
-      if (auto kept = read_settings(settings_, module_->dialog())) values_ = std::move(*kept);
+      if (auto kept = read_settings(settings_, module_->dialog())) {
+        values_ = std::move(kept->values);
+        for (const std::string& ignored : kept->ignored) {
+          session.files().log("Settings file " + settings_.string() + ": " + ignored);
+        }
+      }
     }
   }
 
   void run() {
-    session_.ui().show_dialog(module_->dialog(), values_);
+    record_starting_values();
+    session_.ui().show_dialog(shown_, values_);
     while (!session_.exit_requested() && session_.mode() == index_ && !session_.store().empty()) {
       const auto command = session_.next_command();
       if (!command) {
@@ -75,7 +95,7 @@ class Frame {
 
   // The frame's commands, in the order they are tried; the buttons' names begin with
   // the mode's prefix from the mode table.
-  std::array<Command, 10> commands() const {
+  std::array<Command, 11> commands() const {
     return {{
         {"SET", [](std::string_view c, Frame& f) { f.set_field(c); }},
         {"SAVE_PARAMETERS", [](std::string_view c, Frame& f) { f.save_parameters(c); }},
@@ -85,9 +105,16 @@ class Frame {
         {"STORE_RESULTS", [](std::string_view c, Frame& f) { f.store_results(c); }},
         {"RECALL_RESULTS", [](std::string_view c, Frame& f) { f.recall_results(c); }},
         {"TEMP_CLOSE", [](std::string_view c, Frame& f) { f.close(c); }},
+        {"DIALOG", [](std::string_view c, Frame& f) { f.show_dialog_text(c); }},
         {"COPY_LST", [](std::string_view c, Frame& f) { f.copy_listing(c, "COPY_LST"); }},
         {"SAVE_AS_LST", [](std::string_view c, Frame& f) { f.copy_listing(c, "SAVE_AS_LST"); }},
     }};
+  }
+
+  // DIALOG: the dialog as text (title, fields with labels, values and kinds, buttons).
+  void show_dialog_text(std::string_view command) {
+    session_.ui().show_text(shown_.title, ui::dialog_text(shown_, values_));
+    session_.carried_out(core::trim(command), {});
   }
 
   std::string error_title() const { return "Error Reported by " + name_; }
@@ -121,7 +148,22 @@ class Frame {
 
   // Shows the dialog again when the mode wrote fields back.
   void show_written_fields(const std::vector<ui::FieldValue>& before) {
-    if (values_ != before) session_.ui().update_dialog(module_->dialog(), values_);
+    if (values_ != before) session_.ui().update_dialog(shown_, values_);
+  }
+
+  // The history gets the value of every field the mode starts with, whether it came
+  // from the settings file or the defaults, so that a replay in another program folder,
+  // with other saved settings or none, calculates with the same values.
+  void record_starting_values() {
+    const ui::Dialog& dialog = module_->dialog();
+    for (std::size_t i = 0; i < dialog.fields.size(); ++i) {
+      if (!dialog.fields[i].read_only) session_.carried_out(set_line(i), {});
+    }
+  }
+
+  std::string set_line(std::size_t index) const {
+    const ui::Field& field = module_->dialog().fields[index];
+    return "SET " + field.label + " = " + ui::format_field_value(field, values_[index]);
   }
 
   void set_field(std::string_view command) {
@@ -129,10 +171,7 @@ class Frame {
     if (!assignment) return session_.ignore(command);
     const std::string problem = assign_field(module_->dialog(), *assignment, values_);
     if (!problem.empty()) return session_.error(error_title(), {problem});
-    const std::size_t index = *module_->dialog().find(assignment->label);
-    const ui::Field& field = module_->dialog().fields[index];
-    const std::string line =
-        "SET " + field.label + " = " + ui::format_field_value(field, values_[index]);
+    const std::string line = set_line(*module_->dialog().find(assignment->label));
     session_.carried_out(line, line);
   }
 
@@ -219,6 +258,7 @@ class Frame {
   std::string prefix_;
   std::string calculate_, print_, view_;  // the names of the buttons' commands
   std::unique_ptr<Module> module_;
+  ui::Dialog shown_;  // the mode's dialog with the standard buttons
   fs::path listing_;
   fs::path fix_;
   fs::path settings_;

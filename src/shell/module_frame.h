@@ -14,6 +14,9 @@
 //   STORE_RESULTS            "Current Results Stored"
 //   RECALL_RESULTS           "Current Results Recalled"
 //   TEMP_CLOSE               closes the dialog
+//   DIALOG                   shows the dialog as text: every field with its label,
+//                            value and kind, the result fields, the buttons and the
+//                            commands they issue (a terminal user sees it on entry too)
 //   COPY_LST "file", SAVE_AS_LST   a copy of the listing
 //   any other command the mode's driver knows
 //

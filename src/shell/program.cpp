@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <random>
 
+#include "shell/command_help.h"
 #include "shell/command_line.h"
 #include "shell/command_text.h"
 #include "shell/folders.h"
@@ -48,6 +49,7 @@ Registry load_registry(const fs::path& path, std::vector<std::string>& problems)
 
 // Changes to the default data folder of the registry. Without one, the user may choose
 // one and make it the default; when nobody can choose, the program stays where it is.
+// The folder it is in then is recorded as CD "folder".
 void enter_default_folder(Session& session) {
   std::error_code ec;
   std::string folder = session.registry().get(kDefaultFolderKey).value_or("");
@@ -63,15 +65,19 @@ void enter_default_folder(Session& session) {
     fs::current_path(folder, ec);
     if (ec) session.error("CD Error", {"Could not change to the default folder " + folder});
   }
-  session.files().log("!CD to " + fs::current_path(ec).string());
+  // The start folder is a command of the history, so that its relative file names mean
+  // the same files when it is replayed from another folder.
+  const std::string start = fs::current_path(ec).string();
+  session.carried_out(command_with_file("CD", start), "!CD to " + start);
 }
 
-// The command line's -grf_view (GRF_VIEW: load the graph and draw it beside its
-// source), -@ and unknown arguments, after start-up.
+// The command line's -ON_ERROR, -grf_view (GRF_VIEW: load the graph and draw it beside
+// its source), -@ and unknown arguments, after start-up.
 void act_on_command_line(const CommandLine& line, Session& session) {
   for (const auto& unknown : line.unknown) {
     session.error("Command Line", {"Unknown option: " + unknown});
   }
+  if (line.on_error) handle_shared_command("ON_ERROR " + *line.on_error, session);
   if (line.graph_file)
     handle_shared_command(command_with_file("GRF_VIEW", *line.graph_file), session);
   if (line.command_file) session.run_command_file(*line.command_file);
@@ -83,7 +89,7 @@ int run_program(const ProgramInfo& program, const std::vector<std::string>& args
                 const Components& components) {
   const CommandLine line = parse_command_line(args);
   if (line.one_shot == OneShot::kUsage) {
-    ui.show_text("Usage", usage_text());
+    ui.show_text("Usage", usage_text() + "\n" + command_summary());
     return kExitOk;
   }
   if (line.one_shot == OneShot::kVersion) {
@@ -116,6 +122,7 @@ int run_program(const ProgramInfo& program, const std::vector<std::string>& args
   if (components.graphics) session.set_graphics(components.graphics());
   if (components.simulator) session.set_simulator(components.simulator());
   if (components.spreadsheet) session.set_spreadsheet(components.spreadsheet());
+  install_help_documents(session);
 
   const std::uint64_t seed = fresh_seed() % 2147483647u + 1;
   session.random().seed(seed);
@@ -128,8 +135,10 @@ int run_program(const ProgramInfo& program, const std::vector<std::string>& args
   } else {
     act_on_command_line(line, session);
     run_mode_loop(session);
+    if (session.input_ended()) end_of_input(session);
   }
   session.files().delete_killed();
+  if (!session.stop_reason().empty()) return kExitStopped;
   return session.failed() ? kExitCommandFailed : kExitOk;
 }
 

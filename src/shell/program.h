@@ -28,10 +28,12 @@ struct Components {
 };
 
 // Exit statuses: every command carried out; some command ignored or reporting an error;
-// start-up failed.
+// start-up failed; the run stopped at a failed command under ON_ERROR STOP (the message
+// "Run Stopped" names the command).
 inline constexpr int kExitOk = 0;
 inline constexpr int kExitCommandFailed = 1;
 inline constexpr int kExitStartupFailed = 2;
+inline constexpr int kExitStopped = 3;
 
 // Runs the program with the arguments after its name and returns its exit status.
 // Reads the environment: TIDEMARK_HOME, XDG_DATA_HOME, HOME, COMPUTERNAME, VISUAL,

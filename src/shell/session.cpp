@@ -1,5 +1,6 @@
 #include "shell/session.h"
 
+#include "core/text.h"
 #include "shell/command_text.h"
 #include "shell/not_available.h"
 
@@ -19,7 +20,7 @@ Session::Session(ProgramInfo program, Folders folders, Registry registry,
       spreadsheet_(spreadsheet_not_available()) {}
 
 void Session::error(std::string_view title, const std::vector<std::string>& lines) {
-  failed_ = true;
+  note_failure();
   ui::report(ui_, *files_, title, lines);
 }
 
@@ -107,12 +108,39 @@ ui::SessionView Session::view() const {
 }
 
 std::optional<std::string> Session::next_command() {
-  if (auto line = command_files_.next()) return line;
-  ui_.show_session(view());
-  while (auto typed = ui_.next_command()) {
-    if (auto command = command_of_line(*typed)) return command;
+  for (;;) {
+    if (stop_on_error_ && failures_ > failures_before_last_) {
+      stop_reason_ = last_command_.empty() ? "the start of the run" : last_command_;
+      input_ended_ = true;
+      return std::nullopt;
+    }
+    failures_before_last_ = failures_;
+    std::optional<std::string> command = command_files_.next();
+    const std::string position = command ? command_files_.last_position() : "typed";
+    if (!command) ui_.show_session(view());
+    while (!command) {
+      const auto typed = ui_.next_command();
+      if (!typed) break;
+      command = command_of_line(*typed);
+    }
+    if (!command) {
+      input_ended_ = true;
+      return std::nullopt;
+    }
+    ++commands_;
+    const std::string where = "command " + std::to_string(commands_) + " (" + position + ")";
+    if (command->size() <= core::kLineLength) {
+      last_command_ = where + ": " + *command;
+      return command;
+    }
+    // A longer line would be cut, and the cut command (a formula without its end) would
+    // be carried out as if it were whole.
+    last_command_ = where + ": " + command->substr(0, 40) + "...";
+    error("COMMAND IGNORED!",
+          {"The line of " + where + " has " + std::to_string(command->size()) +
+           " characters; a command line holds at most " + std::to_string(core::kLineLength) +
+           ": " + command->substr(0, 40) + "..."});
   }
-  return std::nullopt;
 }
 
 std::filesystem::path Session::temporary_file(std::string_view prefix, std::string_view extension) {

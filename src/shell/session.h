@@ -44,7 +44,10 @@ class Session {
   // The same for a message that is not an error.
   void inform(std::string_view title, const std::vector<std::string>& lines);
   // A failure that a lower layer has already shown and logged: the exit status becomes 1.
-  void note_failure() { failed_ = true; }
+  void note_failure() {
+    failed_ = true;
+    ++failures_;
+  }
   // "COMMAND IGNORED!" for a command that cannot be carried out.
   void ignore(std::string_view command);
 
@@ -68,9 +71,24 @@ class Session {
   // history cannot be run while it is being written.
   bool run_command_file(const std::string& name);
 
-  // The next command: from the innermost open command file, else from the user (who is
-  // first shown view()); no value at the end of input.
+  // The next command: from the innermost open command file, else from the user; no
+  // value at the end of input, or, under ON_ERROR STOP, once a command has failed (the
+  // run has then stopped: stop_reason()).
   std::optional<std::string> next_command();
+
+  // ON_ERROR STOP (true) or CONTINUE (false, the default): whether the run ends at the
+  // first command that fails.
+  void set_stop_on_error(bool stop) {
+    stop_on_error_ = stop;
+    failures_before_last_ = failures_;
+  }
+  bool stop_on_error() const { return stop_on_error_; }
+  // Which command stopped the run under ON_ERROR STOP ("command 3 (run.cmd line 4):
+  // READ_NATIVE \"a.dat\""); empty when none did.
+  const std::string& stop_reason() const { return stop_reason_; }
+  // True once the commands ran out (end of the input, Ctrl-D, or a stop on error)
+  // rather than the program being ended by EXIT.
+  bool input_ended() const { return input_ended_; }
 
   // The data sets, mode and run files, as the user's windows show them.
   ui::SessionView view() const;
@@ -132,6 +150,13 @@ class Session {
   int mode_ = 0;
   bool exit_requested_ = false;
   bool failed_ = false;
+  int failures_ = 0;  // failures reported so far
+  bool stop_on_error_ = false;
+  bool input_ended_ = false;
+  int commands_ = 0;                // commands handed out so far
+  int failures_before_last_ = 0;    // failures reported before the last command
+  std::string last_command_;        // the last command handed out, with its place
+  std::string stop_reason_;
 };
 
 }  // namespace tidemark::shell

@@ -53,24 +53,35 @@ std::string assign_field(const ui::Dialog& dialog, const Assignment& assignment,
   return {};
 }
 
-std::optional<std::vector<ui::FieldValue>> read_settings(const std::filesystem::path& path,
-                                                         const ui::Dialog& dialog) {
+std::optional<SettingsRead> read_settings(const std::filesystem::path& path,
+                                          const ui::Dialog& dialog) {
   std::string text;
   if (!read_file(path, text)) return std::nullopt;
-  std::vector<ui::FieldValue> values = ui::default_values(dialog);
-  std::vector<bool> seen(values.size(), false);
+  SettingsRead read{ui::default_values(dialog), {}};
+  std::vector<bool> seen(read.values.size(), false);
   std::istringstream lines(text);
   std::string line;
-  while (std::getline(lines, line)) {
-    if (core::is_blank(line)) continue;
-    const auto assignment = split_assignment(line);
-    if (!assignment || !assign_field(dialog, *assignment, values).empty()) return std::nullopt;
-    seen[*dialog.find(assignment->label)] = true;
+  for (int number = 1; std::getline(lines, line); ++number) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const std::string_view content = core::trim(line);
+    if (content.empty() || content.front() == '!' || content.front() == ';') continue;
+    const auto assignment = split_assignment(content);
+    const std::string problem = assignment ? assign_field(dialog, *assignment, read.values)
+                                           : "not of the form \"label = value\"";
+    if (problem.empty()) {
+      seen[*dialog.find(assignment->label)] = true;
+    } else {
+      read.ignored.push_back("line " + std::to_string(number) + " (" + std::string(content) +
+                             "): " + problem);
+    }
   }
   for (std::size_t i = 0; i < seen.size(); ++i) {
-    if (!seen[i] && !dialog.fields[i].read_only) return std::nullopt;
+    if (!seen[i] && !dialog.fields[i].read_only) {
+      read.ignored.push_back("no line for \"" + dialog.fields[i].label + "\": its default " +
+                             ui::format_field_value(dialog.fields[i], read.values[i]) + " holds");
+    }
   }
-  return values;
+  return read;
 }
 
 std::string settings_text(const ui::Dialog& dialog, const std::vector<ui::FieldValue>& values) {

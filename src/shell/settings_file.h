@@ -27,11 +27,22 @@ std::optional<Assignment> split_assignment(std::string_view text);
 std::string assign_field(const ui::Dialog& dialog, const Assignment& assignment,
                          std::vector<ui::FieldValue>& values);
 
-// The values kept in a settings file. No value when the file is missing, or when any
-// field the user sets is missing from it or does not read: then all the defaults hold.
-// Read-only fields are not kept: they read as their defaults.
-std::optional<std::vector<ui::FieldValue>> read_settings(const std::filesystem::path& path,
-                                                         const ui::Dialog& dialog);
+// What a settings file gave: a value for every field, and one line per part of the file
+// that was not used, naming the line and why ("line 3 (Colour = red): The dialog ... has
+// no field \"Colour\"").
+struct SettingsRead {
+  std::vector<ui::FieldValue> values;
+  std::vector<std::string> ignored;
+};
+
+// The values kept in a settings file; no value when the file is missing or cannot be
+// read. Every line that reads sets its field; a line that does not (no "=", an unknown
+// label, a bad value, a result field) is ignored and named in `ignored`, and so is a
+// field without a line, which keeps its default. Line ends may be LF or CRLF; blank
+// lines and comment lines (beginning "!" or ";") are skipped. Read-only fields are not
+// kept: they read as their defaults.
+std::optional<SettingsRead> read_settings(const std::filesystem::path& path,
+                                          const ui::Dialog& dialog);
 
 // The text of a settings file that holds `values`, read-only fields left out.
 std::string settings_text(const ui::Dialog& dialog, const std::vector<ui::FieldValue>& values);

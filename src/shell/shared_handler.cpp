@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/text.h"
+#include "shell/command_help.h"
 #include "shell/command_table.h"
 #include "shell/command_text.h"
 #include "shell/data_commands.h"
@@ -59,9 +60,13 @@ std::vector<std::string> unsaved_sets(const data::Store& store) {
   return lines;
 }
 
-void exit_program(std::string_view command, Session& session) {
+void warn_unsaved(Session& session) {
   const std::vector<std::string> unsaved = unsaved_sets(session.store());
   if (!unsaved.empty()) session.inform("Terminate the Program", unsaved);
+}
+
+void exit_program(std::string_view command, Session& session) {
+  warn_unsaved(session);
   if (!session.ask("Terminate the Program", "Are You Sure?", true)) return;
   session.carried_out(core::trim(command), "EXIT");
   session.request_exit();
@@ -102,16 +107,36 @@ void seed(std::string_view command, Session& session) {
   session.carried_out(line, line);
 }
 
+// ON_ERROR STOP / ON_ERROR CONTINUE.
+void on_error(std::string_view command, Session& session) {
+  const std::string choice = core::to_upper(command_argument(command, "ON_ERROR"));
+  if (choice != "STOP" && choice != "CONTINUE") return session.ignore(command);
+  session.set_stop_on_error(choice == "STOP");
+  const std::string line = "ON_ERROR " + choice;
+  session.carried_out(line, line);
+}
+
 // Where one name begins another, the longer one comes first.
-constexpr std::array<NamedCommand<Session>, 5> kCommands{{
+constexpr std::array<NamedCommand<Session>, 7> kCommands{{
     {"CD", change_folder},
     {"@", run_file},
     {"EXIT", exit_program},
+    {"HELP", show_help},
     {"MODE", choose_mode},
+    {"ON_ERROR", on_error},
     {"SEED", seed},
 }};
 
 }  // namespace
+
+void end_of_input(Session& session) {
+  if (!session.stop_reason().empty()) {
+    session.error("Run Stopped", {"ON_ERROR STOP: the run stops after the failure of " +
+                                  session.stop_reason()});
+  }
+  warn_unsaved(session);
+  session.files().log("EXIT (end of input)");
+}
 
 bool handle_shared_command(std::string_view command, Session& session) {
   if (handle_data_command(command, session)) return true;

@@ -62,14 +62,39 @@ double percent_remaining(double variance, double reference_variance) {
   return reference_variance > 0 ? 100 * variance / reference_variance : 100.0;
 }
 
-CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
-                     const CosineValues& start, const CosineFlags& flags,
-                     double reference_variance) {
+namespace {
+
+Lsfit2Result run_lsfit2(std::span<const double> t, std::span<const double> y,
+                        const CosineValues& start, const CosineFlags& flags) {
   Lsfit2Problem problem{cosine_model, t, y, {}, {}, cosine_gradient};
   for (int j = 0; j < kCosineParameters; ++j) {
     problem.parameters.push_back({std::string(kCosineNames[j]), start[j], flags[j]});
   }
-  CosineFit fit{lsfit2(problem), start, 0};
+  return lsfit2(problem);
+}
+
+}  // namespace
+
+CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
+                     const CosineValues& start, const CosineFlags& flags,
+                     double reference_variance) {
+  CosineFit fit{run_lsfit2(t, y, start, flags), start, 0};
+  // With no cosine to start from (Amplitude 0, the default on a constant series) the
+  // Phase does not move the model and the normal equations are singular. The Amplitude
+  // is then fitted first with the Phase held; a cosine found that way is fitted again
+  // with every flagged parameter, and none (the fit explains nothing) is the result.
+  if (fit.engine.code == Lsfit2Code::kSingular && start[kAmplitude] == 0 && flags[kAmplitude] &&
+      flags[kPhase]) {
+    CosineFlags held = flags;
+    held[kPhase] = false;
+    fit.engine = run_lsfit2(t, y, start, held);
+    if (fit.engine.code == Lsfit2Code::kOk && fit.engine.values[kAmplitude] != 0) {
+      CosineValues from = start;
+      for (int j = 0; j < kCosineParameters; ++j) from[j] = fit.engine.values[j];
+      const Lsfit2Result again = run_lsfit2(t, y, from, flags);
+      if (again.code == Lsfit2Code::kOk) fit.engine = again;
+    }
+  }
   if (fit.engine.code != Lsfit2Code::kOk) return fit;
   for (int j = 0; j < kCosineParameters; ++j) fit.values[j] = fit.engine.values[j];
   normalise_cosine(fit.values);

@@ -72,7 +72,9 @@ struct CosineFit {
 
 // Fits the cosinor to the points (t, y) from `start`, moving only the flagged
 // parameters; normalises the result and gives the percentage of `reference_variance`
-// that remains.
+// that remains. A start without a cosine (Amplitude 0, as on a constant series) whose
+// Phase is flagged first fits with the Phase held, since the Phase then moves nothing;
+// a constant series so ends with Amplitude 0 and 100 % of the variance remaining.
 CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
                      const CosineValues& start, const CosineFlags& flags,
                      double reference_variance);

@@ -34,4 +34,11 @@ struct CosineStart {
 CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
                          const core::ParallelOptions& parallel = {});
 
+// The same with the scan's trial periods taken from `trial_times`, the times of every
+// point of the series (the points the data conditioner inserted included, which take no
+// part in the fits): the table has one row per trial time, scanned from the fourth.
+CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
+                         std::span<const double> trial_times,
+                         const core::ParallelOptions& parallel = {});
+
 }  // namespace tidemark::stats

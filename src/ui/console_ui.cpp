@@ -112,9 +112,19 @@ std::unique_ptr<Progress> ConsoleUi::progress(std::string_view title) {
   return std::make_unique<ConsoleProgress>(*err_, title, err_ == &std::cerr && isatty(2) != 0);
 }
 
-void ConsoleUi::show_hint(std::string_view title, const std::vector<std::string>& lines) {
-  if (interactive_ && !hint_shown_) message(title, lines);
+void ConsoleUi::show_hint(std::string_view title, const std::vector<std::string>&) {
+  if (interactive_ && !hint_shown_) {
+    message(title, {"The first step to using this program is to read a data set: type",
+                    "READ_NATIVE \"file.dat\". A graph source file is loaded with LOAD_GRF "
+                    "\"file.grf\".",
+                    "HELP lists every command; MODE name chooses an analysis."});
+  }
   hint_shown_ = true;
+}
+
+void ConsoleUi::show_dialog(const Dialog& dialog, const std::vector<FieldValue>& values) {
+  if (!interactive_) return;
+  *err_ << dialog_text(dialog, values) << std::flush;
 }
 
 std::optional<std::string> ConsoleUi::next_command() {

@@ -27,7 +27,11 @@ class ConsoleUi : public Ui {
                                          const std::vector<std::string>& items) override;
   void show_text(std::string_view title, std::string_view text) override;
   std::unique_ptr<Progress> progress(std::string_view title) override;
+  // At a terminal: the hint in words for a terminal (the window's lines speak of menus),
+  // once per run.
   void show_hint(std::string_view title, const std::vector<std::string>& lines) override;
+  // At a terminal: the dialog as text (ui::dialog_text) on the error stream.
+  void show_dialog(const Dialog& dialog, const std::vector<FieldValue>& values) override;
   std::optional<std::string> next_command() override;
 
  private:

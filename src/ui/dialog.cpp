@@ -1,8 +1,8 @@
 #include "ui/dialog.h"
 
 #include <cassert>
+#include <charconv>
 
-#include "core/fortran_format.h"
 #include "core/fortran_read.h"
 #include "core/text.h"
 
@@ -64,8 +64,11 @@ std::optional<FieldValue> parse_field_value(const Field& field, std::string_view
 
 std::string format_field_value(const Field& field, const FieldValue& value) {
   switch (field.kind) {
-    case FieldKind::kReal:
-      return std::string(core::trim(core::format_g15_5(std::get<double>(value))));
+    case FieldKind::kReal: {
+      char digits[32];
+      const auto end = std::to_chars(digits, digits + sizeof digits, std::get<double>(value)).ptr;
+      return std::string(digits, end);
+    }
     case FieldKind::kInteger:
       return std::to_string(std::get<int>(value));
     case FieldKind::kCheck:
@@ -76,6 +79,56 @@ std::string format_field_value(const Field& field, const FieldValue& value) {
       return field.choices.at(static_cast<std::size_t>(std::get<int>(value)));
   }
   return {};
+}
+
+namespace {
+
+std::string kind_text(const Field& field) {
+  switch (field.kind) {
+    case FieldKind::kReal:
+      return "a real number";
+    case FieldKind::kInteger:
+      return "a whole number";
+    case FieldKind::kCheck:
+      return "ON or OFF";
+    case FieldKind::kText:
+      return "a text";
+    case FieldKind::kMenu:
+      break;
+  }
+  std::string text = "one of:";
+  for (std::size_t i = 0; i < field.choices.size(); ++i) {
+    text += (i == 0 ? " " : ", ") + field.choices[i];
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string dialog_text(const Dialog& dialog, const std::vector<FieldValue>& values) {
+  std::string text = dialog.title + "\n";
+  for (const bool results : {false, true}) {
+    std::optional<std::string> group;  // the group whose heading was written last
+    for (std::size_t i = 0; i < dialog.fields.size() && i < values.size(); ++i) {
+      const Field& field = dialog.fields[i];
+      if (field.read_only != results) continue;
+      if (field.grid != group) {
+        group = field.grid;
+        text += "  [" + (group->empty() ? std::string(results ? "Results" : "Fields") : *group) +
+                "]\n";
+      }
+      text += "    " + field.label + " = " + format_field_value(field, values[i]);
+      text += results ? "   (result)\n" : "   (" + kind_text(field) + ")\n";
+    }
+  }
+  if (!dialog.buttons.empty()) {
+    text += "  Buttons:\n";
+    for (const Button& button : dialog.buttons) {
+      text += "    \"" + button.label + "\": " + button.command + "\n";
+    }
+  }
+  text += "  Set a field with: SET label = value\n";
+  return text;
 }
 
 std::vector<FieldValue> default_values(const Dialog& dialog) {

@@ -33,9 +33,16 @@ struct Field {
   bool read_only = false;
 };
 
+// A button of a mode's dialog and the command it issues ("Calculate", "CLUSTER_CALCULATE").
+struct Button {
+  std::string label;
+  std::string command;
+};
+
 struct Dialog {
   std::string title;
   std::vector<Field> fields;
+  std::vector<Button> buttons = {};  // the module frame adds its standard buttons
 
   // Index of the field whose label equals `label` (letter case and surrounding blanks
   // ignored); no value when there is none.
@@ -53,9 +60,16 @@ using FieldValue = std::variant<double, int, bool, std::string>;
 std::optional<FieldValue> parse_field_value(const Field& field, std::string_view text);
 
 // The text form of a value, which parse_field_value reads back to the same value:
-// reals in 1PG15.5 without surrounding blanks, check boxes as ON/OFF, menus as the
-// choice's text.
+// reals as the shortest decimal that reads back to the same double ("1234.56789",
+// "0.2", "1e-05"), check boxes as ON/OFF, menus as the choice's text. SET lines of the
+// command history use it, so a replay sets the very same values.
 std::string format_field_value(const Field& field, const FieldValue& value);
+
+// The dialog as text, for a terminal: the title, then per group of fields one line per
+// field with its label, value and kind ("  R = 0.2   (a real number)"), the read-only
+// result fields, and the buttons with the commands they issue. A field is set with
+// "SET label = value".
+std::string dialog_text(const Dialog& dialog, const std::vector<FieldValue>& values);
 
 // The defaults of every field of `dialog`, in field order.
 std::vector<FieldValue> default_values(const Dialog& dialog);

@@ -144,12 +144,22 @@ TEST(SpreadsheetFormula, MissingOperandOrUnrepresentableResultGivesAMissingCell)
     Grid grid(series(3));
     grid.set().columns[data::kFx1][1] = core::kMissingF;
     FunctionParser parser;
-    ASSERT_TRUE(assign_formula(grid, c.text, parser).ok) << c.text;
+    const SheetStatus status = assign_formula(grid, c.text, parser);
+    ASSERT_TRUE(status.ok) << c.text;
     const int col = std::string(c.text).rfind("REPS", 0) == 0 ? kReps : kY;
     for (int r = 1; r <= 3; ++r) {
       const bool expect_missing = c.missing_row == r || c.missing_row < 0;
       EXPECT_EQ(core::is_missing(grid.value(r, col)), expect_missing) << c.text << " row " << r;
     }
+    // The user is told how many rows were stored as missing.
+    const int count = c.missing_row < 0 ? 3 : (c.missing_row > 0 ? 1 : 0);
+    const std::vector<std::string> note =
+        count == 0 ? std::vector<std::string>{}
+                   : std::vector<std::string>{
+                         std::to_string(count) +
+                         " of 3 rows were stored as missing (a missing input, a result that is "
+                         "not a number, or one beyond the range of the column)."};
+    EXPECT_EQ(status.lines, note) << c.text;
   }
 }
 

@@ -40,6 +40,25 @@ TEST(SpreadsheetAverage, BinsOfTwoWithAShortLastBin) {
   EXPECT_TRUE(core::is_missing_int(grid.set().crop_end));
 }
 
+// A row whose concentration is missing lends the bin neither its time nor its SEM nor
+// its replicates: the bin of a sample at time 0 and a missing one at time 10 is the
+// sample itself, not time 5 with an SEM divided by sqrt(2) and twice the REPS.
+TEST(SpreadsheetAverage, RowsWithoutAConcentrationCountOnlyForTheirOwnFurtherColumns) {
+  Grid grid(series(6));
+  for (const std::size_t row : {1u, 4u, 5u}) grid.set().columns[data::kY][row] = core::kMissingF;
+  ASSERT_TRUE(average_rows(grid, 2).ok);
+  // By hand: bin {1,2} is row 1 alone; bin {3,4} both rows (SEM sqrt(0.02)/2 =
+  // 0.0707107); bin {5,6} has no concentration: its mean time 45, the rest missing but
+  // FX1, which has its own values 0.5 and 0.6.
+  const auto& c = grid.set().columns;
+  const float missing = core::kMissingF;
+  expect_near(c[data::kX], {0, 25, 45}, "TIME");
+  expect_near(c[data::kY], {1, 3.5f, missing}, "Y");
+  expect_near(c[data::kDY], {0.1f, 0.0707107f, missing}, "SEM");
+  expect_near(c[data::kReps], {2, 4, missing}, "REPS");
+  expect_near(c[data::kFx1], {0.15f, 0.35f, 0.55f}, "FX1");
+}
+
 TEST(SpreadsheetAverage, BinOfOneChangesNothing) {
   Grid grid(series(4));
   const data::DataSet before = grid.set();

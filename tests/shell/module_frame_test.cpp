@@ -66,6 +66,17 @@ TEST(RegisterMode, AModeIsRegisteredByItsMenuNameAndAnUnknownNameIsAFault) {
   EXPECT_THROW(register_mode(modes, "Gold", {}), std::invalid_argument);
 }
 
+// The history lines of entering the echo mode: its name, then every field it starts
+// with.
+Lines entered(const std::string& mode, const Lines& then,
+              const Lines& starting = {"SET Scale = 2", "SET Cycles = 10",
+                                       "SET Random Draw = OFF"}) {
+  Lines lines{"MODE " + mode};
+  lines.insert(lines.end(), starting.begin(), starting.end());
+  lines.insert(lines.end(), then.begin(), then.end());
+  return lines;
+}
+
 class ModuleFrame : public testing::Test {
  protected:
   ModuleFrame() : f(echo_modes()) { f.session->store().append(data_set("lh.dat", "LH", 5)); }
@@ -77,7 +88,7 @@ TEST_F(ModuleFrame, SetChangesOneFieldAndSaveParametersWritesTheSettingsFile) {
   f.run({"MODE Cluster8", "SET cycles = 7", "SAVE_PARAMETERS"});
   // 2.0 as gfortran writes it with (1PG15.5).
   EXPECT_EQ(Scratch::read(settings()), "Scale =      2.0000    \nCycles = 7\nRandom Draw = OFF\n");
-  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SET Cycles = 7", "SAVE_PARAMETERS"}));
+  EXPECT_EQ(f.history(), entered("Cluster8", {"SET Cycles = 7", "SAVE_PARAMETERS"}));
   EXPECT_FALSE(f.session->failed());
 }
 
@@ -94,9 +105,34 @@ TEST_F(ModuleFrame, TheSettingsFileIsReadOnEntry) {
             "Scale =      4.5000    \nCycles = 3\nPoints = 5\n");
 }
 
-TEST_F(ModuleFrame, ASettingsFileWithABadFieldGivesAllTheDefaults) {
-  EXPECT_EQ(listing_with_settings(f, "Scale = 4.5\nCycles = three\nRandom Draw = OFF\n"),
-            "Scale =      2.0000    \nCycles = 10\nPoints = 5\n");
+// A settings file saved on another system (CRLF), with a comment and a line the mode
+// does not know: the rest is read, and the log names what was ignored.
+TEST_F(ModuleFrame, ASettingsFileIsReadAsFarAsItReadsAndTheRestIsLogged) {
+  EXPECT_EQ(listing_with_settings(f,
+                                  "! by hand\r\nScale = 4.5\r\nColour = red\r\n"
+                                  "Cycles = three\r\nRandom Draw = OFF\r\n"),
+            "Scale =      4.5000    \nCycles = 10\nPoints = 5\n");
+  const std::string file = settings().string();
+  const Lines log = f.log();
+  EXPECT_NE(std::find(log.begin(), log.end(),
+                      "Settings file " + file +
+                          ": line 3 (Colour = red): The dialog \"ECHO TEST\" has no field "
+                          "\"Colour\""),
+            log.end());
+  EXPECT_NE(std::find(log.begin(), log.end(),
+                      "Settings file " + file +
+                          ": line 4 (Cycles = three): \"three\" is not a valid value for the "
+                          "field \"Cycles\" (a whole number)"),
+            log.end());
+}
+
+// The history records every value the mode starts with, from its settings file or its
+// defaults, and every SET exactly as given, so a replay anywhere uses the same values.
+TEST_F(ModuleFrame, TheHistoryCarriesTheStartingValuesAndExactSetValues) {
+  std::ofstream(settings()) << "Scale =     0.35000    \nCycles = 7\nRandom Draw = ON\n";
+  f.run({"MODE Cluster8", "SET Scale = 1234.56789", "SET Scale = 0.1"});
+  EXPECT_EQ(f.history(), entered("Cluster8", {"SET Scale = 1234.56789", "SET Scale = 0.1"},
+                                 {"SET Scale = 0.35", "SET Cycles = 7", "SET Random Draw = ON"}));
 }
 
 TEST_F(ModuleFrame, RefusedSettingsAndComputationErrorsAreTitledWithTheMode) {
@@ -109,7 +145,7 @@ TEST_F(ModuleFrame, RefusedSettingsAndComputationErrorsAreTitledWithTheMode) {
                    "Error Reported by Cluster8: Too few points"}));
   // Refused settings are not recorded; the calculation is, though it failed, because a
   // replay must take the same step.
-  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "CLUSTER_CALCULATE"}));
+  EXPECT_EQ(f.history(), entered("Cluster8", {"CLUSTER_CALCULATE"}));
   EXPECT_TRUE(f.session->failed());
 }
 
@@ -185,7 +221,7 @@ TEST_F(ModuleFrame, ViewingOrCopyingBeforeACalculationIsRefusedAndCopiesAfterIt)
 TEST_F(ModuleFrame, SharedCommandsComeFirstAndUnknownOnesAreIgnored) {
   f.run({"MODE Cluster8", "SEED 42", "CLUSTER_NONSENSE", "CLUSTER_CALCULATE"});
   EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: CLUSTER_NONSENSE"}));
-  EXPECT_EQ(f.history(), (Lines{"MODE Cluster8", "SEED 42", "CLUSTER_CALCULATE"}));
+  EXPECT_EQ(f.history(), entered("Cluster8", {"SEED 42", "CLUSTER_CALCULATE"}));
 }
 
 TEST_F(ModuleFrame, FieldsAModeWritesBackAreShownAndHoldUntilTheUserSetsThem) {
@@ -218,7 +254,10 @@ TEST_F(ModuleFrame, ListingAndFixFileNamesGoToTheKillList) {
 TEST_F(ModuleFrame, LeavingATwoSeriesModeWithOneSetGivesTheSharedHandlerOneCommand) {
   f.run({"MODE Concordance", "MODE Cluster8", "CLUSTER_CALCULATE", "CLUSTER_CALCULATE"});
   EXPECT_EQ(f.ui.shown(), (Lines{"COMMAND IGNORED!: CLUSTER_CALCULATE"}));
-  EXPECT_EQ(f.history(), (Lines{"MODE Concordance", "MODE Cluster8", "CLUSTER_CALCULATE"}));
+  Lines expected = entered("Concordance", {});
+  const Lines then = entered("Cluster8", {"CLUSTER_CALCULATE"});
+  expected.insert(expected.end(), then.begin(), then.end());
+  EXPECT_EQ(f.history(), expected);
 }
 
 // A run's history, run as a command file by a second session, writes the same listing:

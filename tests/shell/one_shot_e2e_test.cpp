@@ -74,10 +74,31 @@ TEST_F(OneShot, CdRecordsTheDefaultFolderForTheNextStart) {
   EXPECT_EQ(refused.err, "CD Error: Not a folder: " + (dir / "missing").string() + "\n");
 }
 
-TEST_F(OneShot, HelpListsTheHelpFolder) {
+// The help folder always holds the command list, so -HELP never lists an empty folder.
+TEST_F(OneShot, HelpListsTheHelpFolderWhichHoldsTheCommands) {
   const ProgramRun r = run({"-HELP"});
   EXPECT_EQ(r.status, 0);
-  EXPECT_EQ(r.out, "No help documents are installed in " + (dir / "home/help").string() + "\n");
+  EXPECT_EQ(r.out, "Help documents in " + (dir / "home/help").string() + ":\n  commands.txt\n");
+  EXPECT_NE(Scratch::read(dir / "home/help/commands.txt").find("  READ_NATIVE \"file\""),
+            std::string::npos);
+}
+
+// A terminal user learns the commands from --help and from HELP at the prompt.
+TEST_F(OneShot, UsageAndHelpListTheCommands) {
+  const ProgramRun usage = run({"--help"});
+  for (const char* command : {"READ_NATIVE", "MODE name", "SET label = value", "DIALOG",
+                              "ON_ERROR STOP", "SAVE_GRF_PNG", "HELP [topic]", "EXIT"}) {
+    EXPECT_NE(usage.out.find("\n  " + std::string(command)), std::string::npos) << command;
+  }
+  const ProgramRun help =
+      run_tidemark(dir / "home", dir.path(), {}, "HELP\nHELP spread\nHELP nothing\n");
+  EXPECT_EQ(help.status, 1);  // there is no help on "nothing"
+  EXPECT_NE(help.out.find("Documents in " + (dir / "home/help").string() + ":\n  commands.txt\n"),
+            std::string::npos)
+      << help.out;
+  EXPECT_NE(help.out.find("  SPREADSHEET               open the data spreadsheet"),
+            std::string::npos);
+  EXPECT_EQ(help.err, "Help: There is no help on nothing.\n");
 }
 
 TEST_F(OneShot, VersionAndUsageTouchNoFiles) {

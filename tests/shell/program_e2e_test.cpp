@@ -2,6 +2,7 @@
 // each. Expected texts are the program's messages as its users see them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 #include "shell/program_runner.h"
@@ -21,15 +22,6 @@ Lines lines_of(const std::string& text) {
   std::istringstream in(text);
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
-}
-
-// The lines of a command file that are commands (not comments).
-Lines commands_of(const fs::path& file) {
-  Lines commands;
-  for (const std::string& line : lines_of(Scratch::read(file))) {
-    if (line.rfind('!', 0) != 0) commands.push_back(line);
-  }
-  return commands;
 }
 
 class Program : public testing::Test {
@@ -56,11 +48,12 @@ TEST_F(Program, AnEmptyCommandFileCreatesTheFoldersAndRunFilesAndEndsWithStatusZ
     EXPECT_FALSE(run_file(home(), prefix).empty()) << prefix;
   }
   const Lines h = history();
-  ASSERT_EQ(h.size(), 3u);
+  ASSERT_EQ(h.size(), 4u);
   EXPECT_TRUE(matches_shape(h[0], "! command file created by Tidemark * ####/##/## at ##:##:##"))
       << h[0];
   EXPECT_TRUE(matches_shape(h[1], "SEED #*")) << h[1];
-  EXPECT_EQ(h[2], "!cmd file = " + (dir / "run.cmd").string());
+  EXPECT_EQ(h[2], "CD \"" + dir.path().string() + "\"");  // the start folder
+  EXPECT_EQ(h[3], "!cmd file = " + (dir / "run.cmd").string());
   const Lines log = lines_of(Scratch::read(run_file(home(), "LOG_")));
   ASSERT_GE(log.size(), 2u);
   EXPECT_TRUE(matches_shape(log[1], "!  running on * Version * (Build *)")) << log[1];
@@ -81,7 +74,7 @@ TEST_F(Program, DataSetsAreReadSelectedWrittenAndReset) {
   EXPECT_EQ(lines_of(Scratch::read(dir / "lh_.dat")).at(1), "!HANDLE = LH-24h");
   EXPECT_FALSE(fs::exists(dir / "none.dat"));
   const Lines h = history();
-  EXPECT_EQ(Lines(h.begin() + 5, h.end()),
+  EXPECT_EQ(Lines(h.begin() + 6, h.end()),
             (Lines{"SELECT \"LH-24h\"", "WRITE_NATIVE \"lh_.dat\"", "RESET"}));
 }
 
@@ -92,6 +85,61 @@ TEST_F(Program, AFailingCommandDoesNotStopTheFileAndMakesTheStatusOne) {
   EXPECT_NE(r.err.find("ERROR READING DATA FILE: Could Not Read The Data File"), std::string::npos);
   EXPECT_NE(r.err.find("COMMAND IGNORED!: NO_SUCH_COMMAND"), std::string::npos);
   EXPECT_EQ(history().back(), "SEED 17");
+}
+
+// Unattended runs may stop at the first failure: by the command ON_ERROR STOP or the
+// option -ON_ERROR:STOP, both recorded; the status is 3 and the message names the
+// command that failed and where it stands. By default the file goes on.
+TEST_F(Program, OnErrorStopEndsTheRunAtTheFailedCommandAndNamesIt) {
+  const std::string body = "READ_NATIVE \"missing.dat\"\nSEED 17\n";
+  const auto file = (dir / "run.cmd").string();
+  struct Case {
+    std::string commands;
+    std::vector<std::string> options;
+    int status;
+    std::string stop;  // the failure named, empty when the run goes on
+  };
+  const Case cases[] = {
+      {body, {}, 1, ""},
+      {"ON_ERROR CONTINUE\n" + body, {}, 1, ""},
+      {"ON_ERROR STOP\n" + body, {}, 3, "command 2 (" + file + " line 2)"},
+      {body, {"-ON_ERROR:STOP"}, 3, "command 1 (" + file + " line 1)"},
+      {body, {"-on_error", "stop"}, 3, "command 1 (" + file + " line 1)"},
+  };
+  for (const Case& c : cases) {
+    dir.write("run.cmd", c.commands);
+    std::vector<std::string> args = c.options;
+    args.insert(args.end(), {"-@", file});
+    fs::remove_all(home());
+    const ProgramRun r = run_tidemark(home(), dir.path(), args, "");
+    EXPECT_EQ(r.status, c.status) << c.commands;
+    const Lines h = history();
+    if (c.stop.empty()) {
+      EXPECT_EQ(h.back(), "SEED 17") << c.commands;
+      EXPECT_EQ(r.err.find("Run Stopped"), std::string::npos) << r.err;
+    } else {
+      EXPECT_NE(h.back(), "SEED 17") << c.commands;
+      EXPECT_TRUE(std::find(h.begin(), h.end(), "ON_ERROR STOP") != h.end()) << c.commands;
+      EXPECT_NE(r.err.find("Run Stopped: ON_ERROR STOP: the run stops after the failure of " +
+                           c.stop + ": READ_NATIVE \"missing.dat\"\n"),
+                std::string::npos)
+          << r.err;
+    }
+  }
+}
+
+// The end of the commands warns of unwritten changes as EXIT does.
+TEST_F(Program, TheEndOfInputWarnsOfModifiedDataSetsAsExitDoes) {
+  const std::string read = "READ_NATIVE \"" + (kExamples / "lh_24h_10min.dat").string() + "\"\n";
+  const std::string change = "SPREADSHEET_FUNCTION= LH = 1\nSPREADSHEET_UPDATE\n";
+  for (const std::string& end : {std::string(), std::string("EXIT\n")}) {
+    const ProgramRun r = run(read + change + end);
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.err.find("Terminate the Program: Data set 1 (lh_24h_10min.dat) is modified and has "
+                         "not been written (WRITE_NATIVE)."),
+              std::string::npos)
+        << end << r.err;
+  }
 }
 
 TEST_F(Program, TheEleventhNestedCommandFileIsRefused) {
@@ -126,7 +174,29 @@ TEST_F(Program, ExitAnsweredNoOnATerminalReturnsToTheSamePlace) {
   EXPECT_EQ(r.status, 0) << r.out;
   EXPECT_NE(r.out.find("Terminate the Program: Are You Sure? (Y/N)"), std::string::npos);
   const Lines h = history();
-  EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 3", "EXIT"}));
+  EXPECT_EQ(Lines(h.begin() + 3, h.end()), (Lines{"SEED 3", "EXIT"}));
+}
+
+// At the terminal a user is told how to start in words for a terminal, and entering a
+// mode (or DIALOG) shows its dialog as text: fields with values and kinds, buttons with
+// their commands.
+TEST_F(Program, AtTheTerminalTheHintIsTypedCommandsAndAModeShowsItsDialog) {
+  dir.write("home/system/registry.ini", "Default_Folder=" + dir.path().string() + "\n");
+  const ProgramRun r =
+      run_tidemark_on_terminal(home(), dir.path(), {},
+                               "READ_NATIVE \"" + (kExamples / "lh_24h_10min.dat").string() +
+                                   "\"\nMODE Cluster8\nEXIT\ny\n");
+  if (r.status == kNoTerminal) GTEST_SKIP() << "no pseudo-terminal on this machine";
+  EXPECT_EQ(r.status, 0) << r.out;
+  EXPECT_EQ(r.out.find("Click on FILEand"), std::string::npos);
+  for (const char* text :
+       {"Initial Program Information: The first step to using this program is "
+        "to read a data set: type",
+        "HELP lists every command", "CLUSTER ANALYSIS\r\n",
+        "    T-Score for Increase = 2   (a real number)\r\n",
+        "    \"Calculate\": CLUSTER_CALCULATE\r\n", "  Set a field with: SET label = value"}) {
+    EXPECT_NE(r.out.find(text), std::string::npos) << text << "\n" << r.out;
+  }
 }
 
 TEST_F(Program, KillListFilesAreDeletedAtTheEnd) {
@@ -163,7 +233,7 @@ TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
             "Graphics: a.grf: the file cannot be read\n"
             "Mode Not Available: The Periodic mode is not available in this version.\n");
   const Lines h = history();
-  EXPECT_EQ(Lines(h.begin() + 2, h.end()), (Lines{"SEED 12", "MODE Periodic"}));
+  EXPECT_EQ(Lines(h.begin() + 3, h.end()), (Lines{"SEED 12", "MODE Periodic"}));
 }
 
 // The bundled demo, run as make demo runs it, from a folder that holds the examples.
@@ -180,31 +250,36 @@ TEST_F(Program, TheDemoCommandFileRunsCleanly) {
   }
 }
 
-// The history of a run, fed back as a command file in another folder that holds the
-// same input, writes the same data files byte for byte.
-TEST_F(Program, TheHistoryReplaysToTheSameFiles) {
-  for (const char* sub : {"first", "second"}) {
-    fs::create_directory(dir / sub);
-    fs::copy_file(kExamples / "lh_24h_10min.dat", dir / sub / "lh.dat");
-  }
+// A run in one program folder, with saved ApEn settings and SET values of more digits
+// than a listing shows, replayed from another working folder with a fresh program
+// folder: the history carries the start folder and every value used, so the replay
+// writes the same listings, answers and data files byte for byte.
+TEST_F(Program, TheHistoryReplaysAnywhereToTheSameFiles) {
+  fs::create_directory(dir / "first");
+  fs::create_directory(dir / "elsewhere");
+  fs::copy_file(kExamples / "lh_24h_10min.dat", dir / "first" / "lh.dat");
+  dir.write("home/system/do_apen.ini", "R =     0.35000    \nMC Cycles = 7\n");
   dir.write("run.cmd",
-            "READ_NATIVE \"lh.dat\"\nWRITE_NATIVE \"out.dat\"\nWRITE_CSV \"out.csv\"\n"
-            "SAVE_AS_BST \"answers.bst\"\n");
+            "READ_NATIVE \"lh.dat\"\nMODE ApEn\nAPEN_CALCULATE\nCOPY_LST \"apen.lst\"\n"
+            "MODE Cosine\nSET Period = 1234.56789\nSET Phase = 0.123456789\nCOSINE_CALCULATE\n"
+            "COPY_LST \"cosine.lst\"\nCOSINE_SUBTRACT\nWRITE_NATIVE \"out.dat\"\n"
+            "WRITE_CSV \"out.csv\"\nSAVE_AS_BST \"answers.bst\"\n");
+  const char* outputs[] = {"apen.lst", "cosine.lst", "out.dat", "out.csv", "answers.bst"};
   const ProgramRun first =
       run_tidemark(home(), dir / "first", {"-@", (dir / "run.cmd").string()}, "");
   ASSERT_EQ(first.status, 0) << first.err;
-  const ProgramRun second =
-      run_tidemark(dir / "home2", dir / "second", {"-@", run_file(home(), "CMD_").string()}, "");
-  ASSERT_EQ(second.status, 0) << second.err;
-  for (const char* file : {"out.dat", "out.csv", "answers.bst"}) {
-    EXPECT_EQ(Scratch::read(dir / "first" / file), Scratch::read(dir / "second" / file)) << file;
-    EXPECT_TRUE(fs::exists(dir / "second" / file)) << file;
+  std::vector<std::string> written;
+  for (const char* file : outputs) {
+    written.push_back(Scratch::read(dir / "first" / file));
+    fs::remove(dir / "first" / file);
   }
-  // The replayed history holds the same commands after its own SEED line.
-  const Lines h1 = commands_of(run_file(home(), "CMD_"));
-  const Lines h2 = commands_of(run_file(dir / "home2", "CMD_"));
-  ASSERT_EQ(h2.size(), h1.size() + 1);
-  EXPECT_EQ(Lines(h2.begin() + 1, h2.end()), h1);
+  EXPECT_NE(written[0].find("0.35"), std::string::npos) << written[0];  // the saved R
+  const ProgramRun second =
+      run_tidemark(dir / "home2", dir / "elsewhere", {"-@", run_file(home(), "CMD_").string()}, "");
+  ASSERT_EQ(second.status, 0) << second.err;
+  for (std::size_t i = 0; i < std::size(outputs); ++i) {
+    EXPECT_EQ(Scratch::read(dir / "first" / outputs[i]), written[i]) << outputs[i];
+  }
 }
 
 }  // namespace

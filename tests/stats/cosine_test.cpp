@@ -134,6 +134,37 @@ TEST(CosineStart, TheScanRunsFromTheFourthPointAndNeverShowsMoreThan100) {
   EXPECT_EQ(clean.scan_period[11], 12.0);
 }
 
+// A constant series: the default amplitude (its SD) is 0, where the Phase moves
+// nothing. The fit still succeeds and explains nothing: Amplitude 0, Mean the constant,
+// 100 % of the variance remaining; so does every trial fit of the scan.
+TEST(CosineFit, AConstantSeriesFitsWithNoCosineAndLeaves100Percent) {
+  const std::vector<double> t = {1, 2, 3, 4, 5, 6, 7, 8}, flat(8, 3.0);
+  const CosineStart start = start_cosine(t, flat);
+  ASSERT_EQ(start.reference.code, Lsfit2Code::kOk);
+  EXPECT_EQ(start.defaults[kAmplitude], 0.0);
+  const CosineFit fit = fit_cosine(t, flat, start.defaults, kDefaultCosineFlags,
+                                   start.reference_variance);
+  ASSERT_EQ(fit.engine.code, Lsfit2Code::kOk);
+  EXPECT_NEAR(fit.values[kAmplitude], 0.0, 1e-9);
+  EXPECT_NEAR(fit.values[kMean], 3.0, 1e-9);
+  EXPECT_EQ(fit.percent, 100.0);
+  for (std::size_t k = 3; k < t.size(); ++k) EXPECT_EQ(start.scan_percent[k], 100.0) << k;
+}
+
+// A point the conditioner inserted takes no part in the fits but is still a trial
+// period of the scan, which runs over every point from the fourth.
+TEST(CosineStart, TheScanTriesTheTimeOfEveryPointAlsoOneNotFitted) {
+  const Series s = cosinor(12, {6, 2, 1, 7, 0});
+  Series fitted = s;
+  fitted.t.erase(fitted.t.begin() + 5);  // t = 6 inserted: no concentration of its own
+  fitted.y.erase(fitted.y.begin() + 5);
+  const CosineStart start = start_cosine(fitted.t, fitted.y, s.t);
+  ASSERT_EQ(start.scan_period.size(), 12u);
+  for (std::size_t k = 3; k < 12; ++k) EXPECT_EQ(start.scan_period[k], s.t[k]) << k;
+  // The true period 6 is the inserted point's time, and it explains everything.
+  EXPECT_LT(start.scan_percent[5], 1e-9);
+}
+
 TEST(CosineStart, ThreePointsOrFewerHaveNoScanAndAConstantSeriesLeaves100) {
   const std::vector<double> t = {1, 2, 3}, y = {4, 6, 5};
   const CosineStart start = start_cosine(t, y);

@@ -43,10 +43,18 @@ TEST(Dialog, FieldValuesReadByKind) {
   }
 }
 
-// Written values read back to themselves; reals in 1PG15.5 as gfortran writes 2.123456
-// ("     2.1235    "), without the blanks.
-TEST(Dialog, WrittenValuesReadBackAndRealsKeepFiveDigits) {
-  EXPECT_EQ(format_field_value(kReal, 2.123456), "2.1235");
+// Written values read back to themselves, reals to the very same double: a SET line
+// of the history must replay the value that was used. The expected texts are Python's
+// repr() of the same doubles (the shortest decimal that reads back to them).
+TEST(Dialog, WrittenValuesReadBackExactly) {
+  const std::pair<double, const char*> reals[] = {
+      {1234.56789, "1234.56789"}, {1.0 / 3.0, "0.3333333333333333"}, {1e-5, "1e-05"},
+      {-1e30, "-1e+30"},          {2.123456, "2.123456"},             {0.35, "0.35"}};
+  for (const auto& [value, text] : reals) {
+    EXPECT_EQ(format_field_value(kReal, value), text);
+    EXPECT_EQ(parse_field_value(kReal, format_field_value(kReal, value)), FieldValue{value})
+        << text;
+  }
   EXPECT_EQ(format_field_value(kCheck, false), "OFF");
   EXPECT_EQ(format_field_value(kMenu, 1), "Least Absolute");
   for (const auto& [field, value] : {std::pair<const Field*, FieldValue>{&kInteger, 12},

@@ -1,5 +1,8 @@
 #include "formula/modes/spreadsheet_commands.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
@@ -81,19 +84,68 @@ class SpreadsheetCommands : public shell::CommandHandler {
   }
 
  private:
-  // The grid, opened on the current data set when it is not open (or when the data set
-  // it was opened on is gone); no value, after a message, when there is no data set.
-  Grid* grid(shell::Session& session) {
-    if (grid_ && source_ >= session.store().count()) grid_.reset();
+  // Why the open grid can no longer be written back: its data set is gone, is no longer
+  // the current one, or has changed since the grid was opened or last accepted (a
+  // subtraction, inserted points, another command's edit). Empty when it still can.
+  std::string stale(const data::Store& store) const {
+    const int index = store.find_identity(identity_);
+    if (index < 0) return "is gone";
+    if (index != store.current_index()) return "is no longer the current data set";
+    if (!same_points(store.at(index), opened_)) return "has changed since";
+    return {};
+  }
+
+  static bool same_points(const data::DataSet& a, const data::DataSet& b) {
+    if (a.crop_start != b.crop_start || a.crop_end != b.crop_end) return false;
+    for (std::size_t c = 0; c < a.columns.size(); ++c) {
+      const auto& x = a.columns[c];
+      const auto& y = b.columns[c];
+      if (x.size() != y.size() ||
+          !std::equal(x.begin(), x.end(), y.begin(), [](float u, float v) {
+            return std::bit_cast<std::uint32_t>(u) == std::bit_cast<std::uint32_t>(v);
+          })) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  // The grid, opened on the current data set when it is not open; no value, after a
+  // message, when there is no data set. A grid whose data set is gone, no longer
+  // current or changed is dropped with a message (an error when `writing`, since its
+  // changes are then not written) and opened again from the current data set.
+  Grid* grid(shell::Session& session, bool writing = false) {
+    const data::Store& store = session.store();
+    if (grid_) {
+      const std::string why = stale(store);
+      if (!why.empty()) {
+        const std::string line = "The spreadsheet was opened on " + opened_.file_name +
+                                 ", which " + why + ": " +
+                                 (writing ? "nothing was written, and the" : "the") +
+                                 " grid is opened again from the current data set.";
+        grid_.reset();
+        if (writing) {
+          session.error(kTitle, {line});
+          if (!store.empty()) open_on(store);
+          return nullptr;
+        }
+        session.inform(kTitle, {line});
+      }
+    }
     if (!grid_) {
-      if (session.store().empty()) {
+      if (store.empty()) {
         session.error(kTitle, {"There is no data set for the spreadsheet: read a data set first."});
         return nullptr;
       }
-      grid_.emplace(session.store().current());
-      source_ = session.store().current_index();
+      open_on(store);
     }
     return &*grid_;
+  }
+
+  void open_on(const data::Store& store) {
+    opened_ = store.current();
+    identity_ = store.identity(store.current_index());
+    grid_.emplace(opened_);
   }
 
   std::string rows_line(std::string_view name) const {
@@ -115,10 +167,11 @@ class SpreadsheetCommands : public shell::CommandHandler {
   }
 
   bool update(shell::Session& session) {
-    Grid* g = grid(session);
+    Grid* g = grid(session, true);
     if (g == nullptr) return true;
-    data::DataSet& target = session.store().at(source_);
+    data::DataSet& target = session.store().current();
     write_back(*g, target);
+    opened_ = target;
     session.carried_out(kUpdate, rows_line(kUpdate) + " written to " + target.file_name);
     return true;
   }
@@ -134,6 +187,7 @@ class SpreadsheetCommands : public shell::CommandHandler {
     }
     const std::string line = std::string(kFunction) + " " + text;
     session.carried_out(line, line);
+    if (!status.lines.empty()) session.inform(status.title, status.lines);
     return true;
   }
 
@@ -173,7 +227,8 @@ class SpreadsheetCommands : public shell::CommandHandler {
 
   Values values_ = ui::default_values(spins());
   std::optional<Grid> grid_;
-  int source_ = -1;
+  data::DataSet opened_;  // the data set as the grid was opened or last accepted
+  long identity_ = 0;     // its identity in the store
   FunctionParser parser_;
 };
 

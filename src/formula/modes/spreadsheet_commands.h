@@ -15,7 +15,12 @@
 //   SET label = value           one of the spin values above (integers)
 //
 // A command other than SPREADSHEET and SPREADSHEET_FINISH opens the grid first when it
-// is not open. The grid stays on the data set it was opened on until SPREADSHEET_FINISH.
+// is not open. The grid belongs to the data set it was opened on, as that data set was
+// then: when the data set is gone (RESET), is no longer current (SELECT, another read)
+// or has changed since (COSINE_SUBTRACT, points inserted by the conditioner), the grid
+// is dropped with a message and opened again from the current data set, and a
+// SPREADSHEET_UPDATE is refused: the grid is never written over another data set, nor
+// over changes made since it was opened.
 // Every command carried out goes to the command history; a refused one shows its
 // message and changes nothing.
 #include <memory>

@@ -60,28 +60,30 @@ std::string cluster8_graph(const data::DataSet& set, const Cluster8Result& r,
   w.panel(set.handle);
   w.x_axis({.label = set.headers[data::kX].empty() ? "Time" : set.headers[data::kX]});
   w.legend(graphics::Place::kTopRight);
-  graphics::write_common_options(w, {.file_name = set.file_name,
+  graphics::write_common_options(w, {.y_label = set.concentration_header(),
+                                     .file_name = set.file_name,
                                      .handle = set.handle,
                                      .x = set.x(),
                                      .y = set.y(),
                                      .sd = set.dy(),
                                      .positions = peak_times});
-  w.begin_option(kShowCluster8Results, When::kChecked, true);
-  marks(w, "Peaks", {.symbol = Symbol::kTriangle, .symbol_size = 8, .colour = graphics::kVermilion},
-        at_points(r.grid, peak_points));
-  marks(w, "Nadirs", {.symbol = Symbol::kDownTriangle, .symbol_size = 8, .colour = graphics::kBlue},
-        at_points(r.grid, valley_points));
-  w.end_option();
   w.begin_option(kShowParameters, When::kChecked, true);
   w.note("Outlier were tested with a Half-Life of " +
          std::string(core::trim(core::format_g15_5(s.half_life))) + " and a critical T-score of " +
          std::string(core::trim(core::format_g15_5(s.outlier_t))));
   w.end_option();
+  // The outlier circles first, so that the peak and nadir triangles are drawn over them.
   w.begin_option(kShowOutliers, When::kChecked, true);
   outliers(w, r.grid, r.outliers.questionable, "Questionable Outliers", kYellow,
            "No Questionable Outliers Were Found.");
   outliers(w, r.grid, r.outliers.probable, "Probable Outliers", kRed,
            "No Probable Outliers Were Found.");
+  w.end_option();
+  w.begin_option(kShowCluster8Results, When::kChecked, true);
+  marks(w, "Peaks", {.symbol = Symbol::kTriangle, .symbol_size = 8, .colour = graphics::kVermilion},
+        at_points(r.grid, peak_points));
+  marks(w, "Nadirs", {.symbol = Symbol::kDownTriangle, .symbol_size = 8, .colour = graphics::kBlue},
+        at_points(r.grid, valley_points));
   w.end_option();
   return w.text();
 }

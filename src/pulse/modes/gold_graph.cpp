@@ -14,7 +14,8 @@ std::string gold_graph(const GoldRun& run) {
   w.page("Gold's Method Deconvolution");
   w.panel(in.handle);
   w.x_axis({.label = "Time"});
-  graphics::write_common_options(w, {.file_name = in.file_name,
+  graphics::write_common_options(w, {.y_label = in.concentration_header,
+                                     .file_name = in.file_name,
                                      .handle = in.handle,
                                      .x = in.time,
                                      .y = in.concentration,

@@ -74,6 +74,7 @@ class GoldMode : public shell::Module {
     GoldRunInput& in = run.input;
     in.file_name = set.file_name;
     in.handle = set.handle;
+    in.concentration_header = set.concentration_header();
     in.half_life = c.value<double>(kHalfLife);
     in.secretion_sd = c.value<double>(kSecretionSd);
     in.with_shape = c.value<int>(kKernel) == kShapeKernel;

@@ -11,6 +11,7 @@ namespace tidemark::pulse {
 struct GoldRunInput {
   std::string file_name;
   std::string handle;
+  std::string concentration_header;  // the data set's, for the graph's y axis
   double half_life = 0;
   double secretion_sd = 0;
   bool with_shape = false;  // kernel: elimination convolved with the secretion shape

@@ -22,7 +22,7 @@ std::string apen_graph_source(const data::DataSet& set, const ApEnResult& result
     return std::span<const float>(column).subspan(first, count);
   };
   graphics::write_common_options(
-      w, {.y_label = set.headers[data::kY].empty() ? "CONC" : set.headers[data::kY],
+      w, {.y_label = set.concentration_header(),
           .file_name = set.file_name,
           .handle = set.handle,
           .x = crop(set.x()),

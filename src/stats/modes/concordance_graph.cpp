@@ -37,7 +37,7 @@ std::string concordance_graph(const ConcordanceReport& r, const data::DataSet& a
   const TimeAxis time = shared_time_axis(a, b);
   graphics::PlotWriter w;
   w.page(kConcordanceTitle);
-  w.panel(kConcordanceTitle, 0.5);
+  w.panel("", 0.5);  // the page title names it
   w.x_axis({.label = a.headers[data::kX].empty() ? "TIME" : a.headers[data::kX],
             .low = time.low,
             .high = time.high});

@@ -15,7 +15,7 @@ using graphics::PlotWriter;
 using graphics::Symbol;
 using Values = std::vector<double>;
 
-// The series panels are tall enough for their full "Concentration" label.
+// The series panels are tall enough for a full y label.
 constexpr double kSeriesPanelHeight = 0.75;
 
 Values defined_or_missing(const Correlations& c, std::size_t from = 0) {

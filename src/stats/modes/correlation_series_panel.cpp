@@ -25,7 +25,8 @@ void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string
   w.x_axis({.label = set.headers[data::kX].empty() ? "TIME" : set.headers[data::kX],
             .low = time_axis.low,
             .high = time_axis.high});
-  graphics::write_common_options(w, {.file_name = file_names,
+  graphics::write_common_options(w, {.y_label = set.concentration_header(),
+                                     .file_name = file_names,
                                      .handle = set.handle,
                                      .handle_text = handles,
                                      .x = set.x(),

@@ -50,7 +50,8 @@ std::string cosine_graph_source(const CosineGraph& graph) {
   w.page("Cosine Analysis");
   w.panel(graph.set.handle);
   w.x_axis({.label = graph.set.headers[data::kX].empty() ? "TIME" : graph.set.headers[data::kX]});
-  graphics::write_common_options(w, {.file_name = graph.set.file_name,
+  graphics::write_common_options(w, {.y_label = graph.set.concentration_header(),
+                                     .file_name = graph.set.file_name,
                                      .handle = graph.set.handle,
                                      .x = graph.set.x(),
                                      .y = graph.set.y(),

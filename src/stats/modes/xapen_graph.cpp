@@ -16,7 +16,7 @@ std::string xapen_graph(const XApEnReport& report, const data::DataSet& a, const
   }
   graphics::PlotWriter w;
   w.page(kXApEnGraphTitle);
-  w.panel(kXApEnGraphTitle);
+  w.panel("");  // the page title names it
   w.x_axis({.label = "Lag (samples)"});
   w.y_axis({.label = "Matches"});
   w.legend(graphics::Place::kBelow);

@@ -183,5 +183,95 @@ TEST_F(Spreadsheet, WithoutADataSetTheSpreadsheetSaysSo) {
       << r.err;
 }
 
+// The grid belongs to the data set it was opened on, as it was then: a data set read
+// after RESET at the same place, another data set made current, or the same data set
+// changed by another command is never written over with the grid's rows.
+TEST_F(Spreadsheet, AGridIsNeverWrittenOverAnotherOrAChangedDataSet) {
+  dir.write("b.dat", "!FILENAME = b.dat\n!header_y = Y\n0 7 0.1 2\n10 8 0.1 2\n20 9 0.1 2\n");
+  const std::string read_b = "READ_NATIVE \"" + (dir / "b.dat").string() + "\"\n";
+  const std::string read_six = "READ_NATIVE \"" + (dir / "six.dat").string() + "\"\n";
+  struct Case {
+    std::string commands;
+    Column y;  // the concentrations of the current data set written at the end
+    std::string message;
+  };
+  const std::string gone = "Data Spread Sheet: The spreadsheet was opened on six.dat, which ";
+  const Case cases[] = {
+      {"SPREADSHEET_FUNCTION= Y = 1000+N\nRESET\n" + read_b + "SPREADSHEET\nSPREADSHEET_UPDATE\n",
+       {7, 8, 9},
+       gone + "is gone: the grid is opened again from the current data set."},
+      {"SPREADSHEET_FUNCTION= Y = 1000+N\n" + read_b + "SPREADSHEET_UPDATE\n",
+       {7, 8, 9},
+       gone + "is no longer the current data set: nothing was written, and the grid is opened "
+              "again from the current data set."},
+      // An accepted change, then the data set changed by a second read of its file into
+      // a new data set made current and selected back: the first data set itself is
+      // unchanged, so its grid still writes.
+      {"SPREADSHEET_FUNCTION= Y = 2*Y\nSPREADSHEET_UPDATE\n" + read_six +
+           "SELECT six.dat\nSPREADSHEET_FUNCTION= Y(1:1) = 0\nSPREADSHEET_UPDATE\n",
+       {0, 4, 6, 8, 10, 12},
+       ""},
+  };
+  for (const Case& c : cases) {
+    const ProgramRun r = run(c.commands);
+    EXPECT_EQ(written(1), c.y) << c.commands;
+    if (!c.message.empty()) {
+      EXPECT_TRUE(has_line(lines_of(r.err), c.message)) << c.commands << "\n" << r.err;
+    }
+  }
+}
+
+// The same data set changed by another command since the grid was opened (Cosine's
+// subtraction of its model) is not put back to the grid's values.
+TEST_F(Spreadsheet, AnUpdateAfterTheDataSetChangedIsRefused) {
+  // The six points without a crop range, so that Cosine takes all of them.
+  fs::remove_all(dir / "home");
+  const std::string six = kSixPoints;
+  const auto data =
+      dir.write("free.dat", "!FILENAME = free.dat\n" + six.substr(six.find("!header_x")));
+  const auto file = dir.write(
+      "run.cmd", "READ_NATIVE \"" + data.string() +
+                     "\"\nSPREADSHEET_FUNCTION= Y = 2*Y\nSPREADSHEET_UPDATE\nMODE Cosine\n"
+                     "SET Period = 60\nSET Amplitude = 1\nSET Mean = 1\nCOSINE_SUBTRACT\n"
+                     "SPREADSHEET_UPDATE\nWRITE_NATIVE \"out.dat\"\n");
+  const ProgramRun r = run_tidemark(dir / "home", dir.path(), {"-@", file.string()}, "");
+  EXPECT_EQ(r.status, 1) << r.err;
+  EXPECT_TRUE(has_line(lines_of(r.err),
+                       "Data Spread Sheet: The spreadsheet was opened on free.dat, which has "
+                       "changed since: nothing was written, and the grid is opened again from "
+                       "the current data set."))
+      << r.err;
+  // 2*Y minus the model 1*cos(2 pi t/60) + 1 at t = 0, 10, ..., 50 (by hand: cos 0 = 1,
+  // cos 60deg = 0.5, cos 120deg = -0.5, cos 180deg = -1, ...), not 2*Y again.
+  const Column expected = {0, 2.5, 5.5, 8, 9.5, 10.5};
+  const Column got = written(1);
+  ASSERT_EQ(got.size(), expected.size());
+  for (std::size_t i = 0; i < got.size(); ++i) EXPECT_NEAR(got[i], expected[i], 1e-4) << i;
+}
+
+// A command line over 1024 characters is refused whole, naming the line: a sum of 700
+// ones is not cut to a shorter sum and stored.
+TEST_F(Spreadsheet, ALineLongerThanACommandLineIsRefusedNotCut) {
+  std::string sum = "1";
+  for (int i = 1; i < 700; ++i) sum += "+1";
+  const ProgramRun r = run("SPREADSHEET_FUNCTION= Y = " + sum + "\nSPREADSHEET_UPDATE\n");
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(written(1), kOriginalY);
+  const std::string where = "command 2 (" + (dir / "run.cmd").string() + " line 2)";
+  EXPECT_NE(r.err.find("COMMAND IGNORED!: The line of " + where + " has 1425 characters; a "
+                       "command line holds at most 1024: SPREADSHEET_FUNCTION= Y = 1+1+1+1+1+1+"),
+            std::string::npos)
+      << r.err;
+}
+
+// Rows stored as missing are counted for the user.
+TEST_F(Spreadsheet, RowsStoredAsMissingAreCounted) {
+  const ProgramRun r = run("SPREADSHEET_FUNCTION= Y = (N-4)^0.5\nSPREADSHEET_FINISH\n");
+  EXPECT_TRUE(has_line(lines_of(r.err),
+                       "Data Spread Sheet: 3 of 6 rows were stored as missing (a missing input, a "
+                       "result that is not a number, or one beyond the range of the column)."))
+      << r.err;
+}
+
 }  // namespace
 }  // namespace tidemark::testing_support

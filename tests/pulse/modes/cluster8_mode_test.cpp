@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "data/secretion_events.h"
@@ -133,6 +134,27 @@ TEST(Cluster8Graph, TheSourceParsesWithAndWithoutItsOptions) {
     for (const auto& text : parsed.plot.page_texts) EXPECT_EQ(text.y, 0.01);  // the footer only
   }
   EXPECT_NE(source.find("\"Questionable Outliers\""), std::string::npos);
+}
+
+// Drawn in the order written: the outlier circles (larger) come before the peak and
+// nadir triangles, so that they never hide them; the y axis says the data's header.
+TEST(Cluster8Graph, TrianglesAreDrawnOverTheOutlierCirclesAndTheYAxisIsTheHeader) {
+  data::DataSet set = one_pulse();
+  set.headers[data::kY] = "LH";
+  std::vector<Cluster8Sample> samples;
+  for (int k = 0; k < set.size(); ++k) samples.push_back({set.y()[k], 0.1f, set.x()[k], 2.0f});
+  const auto parsed = graphics::parse_plot(cluster8_graph(set, run_cluster8(samples, {}), {}));
+  ASSERT_TRUE(parsed.ok) << parsed.message;
+  const graphics::Panel& panel = parsed.plot.panels.at(0);
+  EXPECT_EQ(panel.y_axis.label, "LH");
+  std::vector<std::string> names;
+  for (const graphics::Series& s : panel.series) names.push_back(s.name);
+  const auto at = [&](const char* name) {
+    return std::find(names.begin(), names.end(), name) - names.begin();
+  };
+  ASSERT_LT(at("Questionable Outliers"), static_cast<long>(names.size()));
+  EXPECT_LT(at("Questionable Outliers"), at("Peaks"));
+  EXPECT_LT(at("Questionable Outliers"), at("Nadirs"));
 }
 
 }  // namespace

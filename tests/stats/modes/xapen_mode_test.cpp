@@ -92,6 +92,15 @@ TEST_F(XApEnMode, TheGraphSourceParsesAndIsTitledTimeBetweenMatches) {
   const graphics::ParsedPlot plot = graphics::parse_plot(source);
   EXPECT_TRUE(plot.ok) << plot.message;
   EXPECT_NE(source.find("PAGE \"TIME BETWEEN MATCHES\""), std::string::npos);
+  // The page title is not said again over the first panel; the series panels' y axes
+  // carry the data's own header.
+  ASSERT_EQ(plot.plot.panels.size(), 3u);
+  EXPECT_EQ(plot.plot.panels[0].title, "");
+  for (std::size_t i = 1; i < 3; ++i) {
+    EXPECT_EQ(plot.plot.panels[i].y_axis.label,
+              f.session->store().at(static_cast<int>(i) - 1).concentration_header());
+    EXPECT_NE(plot.plot.panels[i].y_axis.label, "Concentration");
+  }
   ASSERT_FALSE(plot.options.empty());
   EXPECT_EQ(plot.options[0].label, kShowSecondLength);
 }

@@ -26,7 +26,8 @@ std::string decon_graph(const DeconRun& run) {
   w.page(run.mode_name + " Deconvolution");
   w.panel(run.handle);
   w.x_axis({.label = "Time"});
-  graphics::write_common_options(w, {.file_name = run.file_name,
+  graphics::write_common_options(w, {.y_label = run.concentration_header,
+                                     .file_name = run.file_name,
                                      .handle = run.handle,
                                      .x = run.time,
                                      .y = conc,

@@ -111,6 +111,7 @@ class DeconMode : public shell::Module {
     run.mode_name = variant_ == 0 ? "AutoDecon" : "Deconv";
     run.file_name = set.file_name;
     run.handle = set.handle;
+    run.concentration_header = set.concentration_header();
     run.source = static_cast<EventSource>(c.value<int>(kSourceField));
     run.critical_p = real(c.values, kCriticalPField);
     if (auto refused = take_samples(set, run)) return *refused;

@@ -17,6 +17,7 @@ struct DeconRun {
   std::string mode_name;  // "AutoDecon" or "Deconv"
   std::string file_name;
   std::string handle;
+  std::string concentration_header;  // the data set's, for the graph's y axis
   EventSource source = EventSource::kAutoInit;
   double critical_p = 0.05;
   // The samples fitted (the crop range's points with a concentration and a positive SD).

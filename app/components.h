@@ -13,6 +13,7 @@
 #include "stats/modes/concordance_mode.h"
 #include "stats/modes/correlation_mode.h"
 #include "stats/modes/cosine_mode.h"
+#include "stats/modes/periodic_mode.h"
 #include "stats/modes/xapen_mode.h"
 
 namespace tidemark::app {
@@ -29,6 +30,7 @@ inline shell::Components registered_components() {
   parts.modules[5 - 1] = [](int) { return stats::make_correlation_module(); };
   parts.modules[6 - 1] = stats::make_cosine_module;
   parts.modules[8 - 1] = [](int) { return pulse::make_gold_mode(); };
+  parts.modules[9 - 1] = stats::make_periodic_module;
   parts.simulator = pulse::make_simulate_commands;
   parts.spreadsheet = formula::make_spreadsheet_commands;
   parts.modules[14 - 1] = [](int) { return stats::make_xapen_module(); };

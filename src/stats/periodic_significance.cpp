@@ -54,7 +54,8 @@ double baluev_fap(double z, const BaluevInputs& in) {
       std::sqrt(2 / nh) * std::exp(std::lgamma(0.5 * nh) - std::lgamma(0.5 * (nh - 1)));
   const double w = in.max_frequency * std::sqrt(4 * std::numbers::pi * in.time_variance);
   const double tau = gamma * w * std::pow(1 - z, 0.5 * (nk - 1)) * std::sqrt(0.5 * nh * z);
-  return std::clamp(1 - (1 - single) * std::exp(-tau), 0.0, 1.0);
+  // 1 - (1 - single) exp(-tau), written so that small probabilities keep their digits.
+  return std::clamp(-std::expm1(-tau) + single * std::exp(-tau), 0.0, 1.0);
 }
 
 double baluev_level(double fap, const BaluevInputs& in) {

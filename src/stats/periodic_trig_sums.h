@@ -15,8 +15,8 @@
 
 namespace tidemark::stats {
 
-inline constexpr int kExtirpolationOrder = 10;
-inline constexpr int kGridFactor = 8;
+inline constexpr int kExtirpolationOrder = 12;
+inline constexpr int kGridFactor = 16;
 
 struct FrequencyGrid {
   double f0 = 0;

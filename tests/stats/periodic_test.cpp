@@ -159,13 +159,13 @@ TEST(Periodogram, PureSinusoidHasPowerOneAtItsFrequency) {
   const PeriodicSeries s = even_series(64, 10, [](double t) {
     return 7 + 2 * std::cos(kTwoPi * (t - 30) / 160);
   });
-  // Frequencies k / 640 for k = 1 .. 32: periods 640 down to 20.
+  // Frequencies k / 640 for k = 2 .. 32: periods 320 down to 20.
   const PeriodogramResult p =
-      periodogram(s, {.min_period = 20, .max_period = 640, .periods = 32});
+      periodogram(s, {.min_period = 20, .max_period = 320, .periods = 31});
   ASSERT_TRUE(p.ok()) << p.message;
-  EXPECT_NEAR(p.power[3], 1.0, 1e-12);
-  EXPECT_NEAR(p.power[7], 0.0, 1e-12);
-  EXPECT_NEAR(p.power[20], 0.0, 1e-12);
+  EXPECT_NEAR(p.power[2], 1.0, 1e-12);
+  EXPECT_NEAR(p.power[6], 0.0, 1e-12);
+  EXPECT_NEAR(p.power[18], 0.0, 1e-12);
 }
 
 TEST(Peaks, TopLocalMaximaHighestFirst) {

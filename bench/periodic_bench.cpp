@@ -21,13 +21,15 @@ using namespace tidemark;
 constexpr double kTwoPi = 2 * std::numbers::pi;
 
 // n uneven times over n * 10 minutes (10-minute slots jittered by up to 4 minutes), a
-// 90-minute rhythm of amplitude `amplitude` plus Gaussian noise of SD 1.
+// rhythm of amplitude `amplitude` plus Gaussian noise whose SD, the point's SEM, lies
+// between 0.5 and 1.5 (weights 1 / SEM^2 that match the noise).
 stats::PeriodicSeries rhythm(int n, double amplitude, double period, core::Random& random) {
   std::vector<double> t, y, w;
   for (int i = 0; i < n; ++i) {
     t.push_back(10.0 * i + 8 * (random.uniform() - 0.5));
-    y.push_back(5 + amplitude * std::cos(kTwoPi * t.back() / period) + random.gaussian12());
-    w.push_back(1 / (0.5 + random.uniform()));
+    const double sem = 0.5 + random.uniform();
+    y.push_back(5 + amplitude * std::cos(kTwoPi * t.back() / period) + sem * random.gaussian12());
+    w.push_back(1 / (sem * sem));
   }
   return stats::periodic_series(t, y, w);
 }

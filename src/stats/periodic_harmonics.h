@@ -60,7 +60,7 @@ struct HarmonicFitResult {
   double percent_rhythm = 0;
   double f_statistic = 0, p_value = 1;
   int df1 = 0, df2 = 0;
-  double residual_sd = 0;      // s
+  double residual_sd = 0;      // s, the scale of the weighted residuals (in SEMs with 1/SEM^2 weights)
   std::vector<double> fitted;  // at the series' points
   bool ok() const { return status == PeriodicStatus::kOk; }
 };

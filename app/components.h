@@ -14,6 +14,7 @@
 #include "stats/modes/concordance_mode.h"
 #include "stats/modes/correlation_mode.h"
 #include "stats/modes/cosine_mode.h"
+#include "stats/modes/periodic_mode.h"
 #include "stats/modes/xapen_mode.h"
 
 namespace tidemark::app {
@@ -33,6 +34,7 @@ inline shell::Components registered_components() {
                        [](int) { return stats::make_correlation_mode(); });
   shell::register_mode(parts.modules, "Cosine", [](int) { return stats::make_cosine_mode(); });
   shell::register_mode(parts.modules, "Gold_Method", [](int) { return pulse::make_gold_mode(); });
+  shell::register_mode(parts.modules, "Periodic", [](int) { return stats::make_periodic_mode(); });
   shell::register_mode(parts.modules, "X_ApEn", [](int) { return stats::make_xapen_mode(); });
   return parts;
 }

@@ -226,14 +226,14 @@ TEST_F(Program, AnUnreadableRegistryIsASeriousErrorAndTheRunGoesOn) {
 
 TEST_F(Program, CommandsComeFromStandardInputWithoutACommandFile) {
   const ProgramRun r = run_tidemark(home(), dir.path(), {"-grf_view", "a.grf"},
-                                    "! a comment\nseed 12\nMODE periodic\n");
+                                    "! a comment\nseed 12\nMODE pulse\n");
   EXPECT_EQ(r.status, 1);  // there is no a.grf to draw
   EXPECT_EQ(r.err,
             "Graphics: READ FAILED\n"
             "Graphics: a.grf: the file cannot be read\n"
-            "Mode Not Available: The Periodic mode is not available in this version.\n");
+            "Mode Not Available: The Pulse mode is not available in this version.\n");
   const Lines h = history();
-  EXPECT_EQ(Lines(h.begin() + 3, h.end()), (Lines{"SEED 12", "MODE Periodic"}));
+  EXPECT_EQ(Lines(h.begin() + 3, h.end()), (Lines{"SEED 12", "MODE Pulse"}));
 }
 
 // The bundled demo, run as make demo runs it, from a folder that holds the examples.

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,7 @@
 #include "stats/cosine_start.h"
 #include "stats/modes/cosine_graph.h"
 #include "stats/modes/cosine_listing.h"
-#include "stats/modes/cosine_series_edits.h"
+#include "stats/modes/series_edits.h"
 #include "ui/work_progress.h"
 
 namespace tidemark::stats {
@@ -185,13 +186,18 @@ class CosineMode : public shell::Module {
 
   void subtract(ModuleContext& c) {
     if (auto problem = prepare(c)) return ui::report(c.ui, c.log, kErrorTitle, {*problem});
-    edits_.subtract(c.store, set_index_, read_grid(c, read_flags(c)));
+    const CosineValues values = read_grid(c, read_flags(c));
+    if (values[kPeriod] > 0) {
+      edits_.subtract(c.store, set_index_, [&values](std::span<const float> x, std::span<float> y) {
+        subtract_cosine(values, x, y);
+      });
+    }
     if (c.store.current().modified)
       c.log.log("COSINE_SUBTRACT: the data set " + c.store.current().file_name + " is modified");
   }
 
   static void store_copy(ModuleContext& c) {
-    const std::string name = CosineSeriesEdits::store_copy(c.store);
+    const std::string name = SeriesEdits::store_copy(c.store, "_cos");
     c.log.log(fmt::format("COSINE_STORE: stored as data set {} ({})", c.store.count(), name));
   }
 
@@ -209,7 +215,7 @@ class CosineMode : public shell::Module {
   // The starting values the mode last wrote into the grid; a field that differs from
   // its entry was set by the user since.
   CosineValues written_ = {core::kUnset, core::kUnset, core::kUnset, core::kUnset, core::kUnset};
-  CosineSeriesEdits edits_;
+  SeriesEdits edits_;
 };
 
 }  // namespace

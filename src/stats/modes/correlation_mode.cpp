@@ -55,7 +55,7 @@ class CorrelationMode : public shell::Module {
     if (!s.ok) return shell::ModeResult::failed(s.messages);
     const std::vector<double> ya(s.ya.begin(), s.ya.end()), yb(s.yb.begin(), s.yb.end());
     const CorrelationAnalysis analysis = correlation_analysis(ya, yb, max_lag);
-    if (!analysis.status.ok) return shell::ModeResult::failed({analysis.status.message});
+    if (!analysis.status.ok()) return shell::ModeResult::failed({analysis.status.message});
     const int n = static_cast<int>(s.ya.size());
     return shell::ModeResult::done(
         {.listing = correlation_listing(analysis, s.delta_t),

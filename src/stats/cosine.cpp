@@ -70,7 +70,7 @@ CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
     problem.parameters.push_back({std::string(kCosineNames[j]), start[j], flags[j]});
   }
   CosineFit fit{lsfit2(problem), start, 0};
-  if (fit.engine.code != Lsfit2Code::kOk) return fit;
+  if (!fit.engine.ok()) return fit;
   for (int j = 0; j < kCosineParameters; ++j) fit.values[j] = fit.engine.values[j];
   normalise_cosine(fit.values);
   fit.percent = percent_remaining(fit.engine.variance, reference_variance);

@@ -15,7 +15,7 @@ bool is_non_negative_finite(double x) {
 
 SimulatedSeries refused(std::string message) {
   SimulatedSeries s;
-  s.ok = false;
+  s.status = SimulationStatus::kRefused;
   s.message = std::move(message);
   return s;
 }

@@ -50,18 +50,22 @@ struct SimulationOptions {
 inline constexpr int kMaxSimulatedSamples = 100'000;
 inline constexpr int kMaxSimulatedReplicates = 1000;
 
+enum class SimulationStatus { kOk, kRefused };
+
 struct SimulatedSeries {
-  bool ok = true;
-  std::string message;  // why the options were refused; empty when ok
+  SimulationStatus status = SimulationStatus::kOk;
+  std::string message;  // why the options were refused; empty when ok()
   ModelLayout layout;
   std::vector<double> parameters;  // the whole vector: fixed part, then the events
   std::vector<float> time;
   std::vector<float> model;          // C(t), noiseless
   std::vector<float> concentration;  // the mean of the replicates
   std::vector<float> sem;            // SD(t) / sqrt(replicates)
+
+  bool ok() const { return status == SimulationStatus::kOk; }
 };
 
-// Simulates one series. Refused (ok false; the generator has advanced only when events
+// Simulates one series. Refused (`ok()` false; the generator has advanced only when events
 // were drawn before the refusal): a layout outside 1..3
 // half-lives, a fixed part of the wrong length, samples outside 1..kMaxSimulatedSamples,
 // an interval, noise SD or CV that is negative or not finite (the interval must be

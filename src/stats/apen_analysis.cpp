@@ -96,7 +96,7 @@ ApEnResult analyse_apen(WorkingSeries series, const ApEnOptions& options) {
   if (!shuffled.complete) return failure("Calculation cancelled.");
   result.m[0] = summarize_m(data.apen1, noise.apen1, std::move(shuffled.apen1));
   result.m[1] = summarize_m(data.apen2, noise.apen2, std::move(shuffled.apen2));
-  result.ok = true;
+  result.status = ApEnStatus::kDone;
   return result;
 }
 

@@ -43,15 +43,19 @@ struct ApEnSummary {
   float p = 0;  // fraction of the shuffled values not above ApEn
 };
 
+enum class ApEnStatus { kRefused, kDone };
+
 struct ApEnResult {
-  bool ok = false;
-  std::string message;  // why not, when !ok
+  ApEnStatus status = ApEnStatus::kRefused;
+  std::string message;  // why not, when !ok()
   bool differenced = false;
   bool z_scores = false;
   float r = 0;  // the tolerance used
   int n = 0;    // points of the working series (N − 1 when differenced)
   int cycles = 0;
   std::array<ApEnSummary, 2> m{};  // m = 1, m = 2
+
+  bool ok() const { return status == ApEnStatus::kDone; }
 };
 
 // Runs the calculation on `series` (copied: the caller's series is not altered). Fails,

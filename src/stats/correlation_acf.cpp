@@ -48,7 +48,7 @@ std::vector<double> standard_errors(int option, int n, const Correlations& r) {
 AcfResult autocorrelation(std::span<const double> x, const AcfOptions& options) {
   AcfResult out;
   out.status = check_arguments(x, options);
-  if (!out.status.ok) return out;
+  if (!out.status.ok()) return out;
   const std::size_t n = x.size();
   double sum = 0;
   for (double v : x) sum += v;

@@ -2,7 +2,7 @@
 // Autocorrelation of one series with the standard errors of its correlations.
 //
 //   auto acf = stats::autocorrelation(series, {.max_lag = 10});
-//   if (acf.status.ok) use(acf.correlation[3], acf.standard_error[3]);
+//   if (acf.status.ok()) use(acf.correlation[3], acf.standard_error[3]);
 #include <span>
 #include <vector>
 

@@ -10,13 +10,13 @@ namespace {
 bool correlate_series(std::span<const double> x, int max_lag, SeriesCorrelation& out,
                       CorrelationStatus& status) {
   out.acf = autocorrelation(x, {.max_lag = max_lag, .standard_errors = kMoranStandardErrors});
-  if (!out.acf.status.ok) {
+  if (!out.acf.status.ok()) {
     status = out.acf.status;
     return false;
   }
   out.pacf = partial_autocorrelation(out.acf.correlation, max_lag);
   status = out.pacf.status;
-  return status.ok;
+  return status.ok();
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ CorrelationAnalysis correlation_analysis(std::span<const double> a, std::span<co
   if (!correlate_series(b, max_lag, out.b, out.status)) return out;
   out.cross = cross_correlation(a, b, max_lag);
   out.status = out.cross.status;
-  if (!out.status.ok) return out;
+  if (!out.status.ok()) return out;
   const auto n = static_cast<long>(a.size());
   for (long k = -max_lag; k <= max_lag; ++k) {
     const long pairs = n - std::abs(k);

@@ -8,11 +8,16 @@
 
 namespace tidemark::stats {
 
+enum class CorrelationCode { kOk, kRefused };
+
 struct CorrelationStatus {
-  bool ok = true;
+  CorrelationCode code = CorrelationCode::kOk;
   std::string message;
 
-  static CorrelationStatus refused(std::string text) { return {false, std::move(text)}; }
+  bool ok() const { return code == CorrelationCode::kOk; }
+  static CorrelationStatus refused(std::string text) {
+    return {CorrelationCode::kRefused, std::move(text)};
+  }
 };
 
 // A correlation per lag; no value where it is undefined (a series without variance, a

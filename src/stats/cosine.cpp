@@ -95,7 +95,7 @@ CosineFit fit_cosine(std::span<const double> t, std::span<const double> y,
       if (again.code == Lsfit2Code::kOk) fit.engine = again;
     }
   }
-  if (fit.engine.code != Lsfit2Code::kOk) return fit;
+  if (!fit.engine.ok()) return fit;
   for (int j = 0; j < kCosineParameters; ++j) fit.values[j] = fit.engine.values[j];
   normalise_cosine(fit.values);
   fit.percent = percent_remaining(fit.engine.variance, reference_variance);

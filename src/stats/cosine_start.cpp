@@ -33,7 +33,7 @@ CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
   const double span = n == 0 ? 0.0 : t[n - 1] - t[0];
   const CosineFit reference = fit_cosine(t, y, {span, 0, 0, 0, 0}, kReferenceFlags, 0);
   start.reference = reference.engine;
-  if (reference.engine.code != Lsfit2Code::kOk) return start;
+  if (!reference.engine.ok()) return start;
   start.reference_variance = reference.engine.variance;
   const double mean = reference.values[kMean];
   double squares = 0;
@@ -48,7 +48,7 @@ CosineStart start_cosine(std::span<const double> t, std::span<const double> y,
       CosineValues trial = start.defaults;
       trial[kPeriod] = trial_times[k];
       const CosineFit fit = fit_cosine(t, y, trial, kScanFlags, start.reference_variance);
-      if (fit.engine.code != Lsfit2Code::kOk) continue;
+      if (!fit.engine.ok()) continue;
       start.scan_period[k] = trial_times[k];
       start.scan_percent[k] = std::min(fit.percent, 100.0);
     }

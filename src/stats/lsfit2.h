@@ -12,7 +12,7 @@
 //
 //   stats::Lsfit2Problem problem{model, x, y, {{"Mean", 0.0, true}}};
 //   const stats::Lsfit2Result fit = stats::lsfit2(problem);
-//   if (fit.code == stats::Lsfit2Code::kOk) use(fit.values[0], fit.variance);
+//   if (fit.ok()) use(fit.values[0], fit.variance);
 #include <functional>
 #include <span>
 #include <string>
@@ -95,6 +95,8 @@ struct Lsfit2Result {
   int points = 0;             // n
   int fitted = 0;             // m, the number of fitted parameters
   int iterations = 0;
+
+  bool ok() const { return code == Lsfit2Code::kOk; }
 };
 
 // Fits `problem`; never throws for bad input (empty data, all parameters held, a model

@@ -22,7 +22,7 @@ SimulationOptions one_half_life(int samples) {
 TEST(Simulate, WithoutEventsOrNoiseTheSeriesIsTheBasalLevelPlusTheDecayingStart) {
   core::Random random(1);
   const SimulatedSeries s = simulate_series(one_half_life(5), random);
-  ASSERT_TRUE(s.ok) << s.message;
+  ASSERT_TRUE(s.ok()) << s.message;
   // python3: 0.5 * 20 / ln 2 + 4 * 2^(-t / 20) at t = 0, 10, ..., 40.
   const double expected[] = {18.426950408889635, 17.255377533635826, 16.426950408889635,
                              15.84116397126273, 15.426950408889635};
@@ -40,7 +40,7 @@ TEST(Simulate, GivenEventsFollowTheFixedParametersInOrder) {
   SimulationOptions o = one_half_life(20);
   o.events = {{50, 1.5}, {120, 0.25}};
   const SimulatedSeries s = simulate_series(o, random);
-  ASSERT_TRUE(s.ok) << s.message;
+  ASSERT_TRUE(s.ok()) << s.message;
   EXPECT_EQ(s.parameters, (std::vector<double>{0.5, 4, 3, 20, 50, 1.5, 120, 0.25}));
   // An event of peak rate 10^1.5 ~ 31.6 with SD 3 adds its area 31.6 * 3 * sqrt(2 pi)
   // ~ 238 (less what has been eliminated) to the basal 14.4 near its position.
@@ -53,7 +53,7 @@ TEST(Simulate, DrawnEventsKeepTheirIntervalsAndSpreadTheirHeights) {
   o.draw = true;
   o.random_events = {100, 1.0, 0.2};
   const SimulatedSeries s = simulate_series(o, random);
-  ASSERT_TRUE(s.ok) << s.message;
+  ASSERT_TRUE(s.ok()) << s.message;
   // Intervals uniform on [50, 150] have mean 100: about 90 events fit in 9000.
   const int n = s.layout.events;
   EXPECT_GE(n, 80);
@@ -88,7 +88,7 @@ TEST(Simulate, NoiseIsTheAssaySdOverTheRootOfTheReplicates) {
     o.noise_cv = c.noise_cv;
     o.replicates = c.replicates;
     const SimulatedSeries s = simulate_series(o, random);
-    ASSERT_TRUE(s.ok) << s.message;
+    ASSERT_TRUE(s.ok()) << s.message;
     double sum = 0, squares = 0;
     for (std::size_t i = 0; i < s.time.size(); ++i) {
       const double sem = (c.noise_sd + c.noise_cv * s.model[i]) / std::sqrt(c.replicates);
@@ -150,7 +150,7 @@ TEST(Simulate, RefusesOptionsItCannotSimulate) {
   for (const SimulationOptions& o : cases) {
     core::Random random(1);
     const SimulatedSeries s = simulate_series(o, random);
-    EXPECT_FALSE(s.ok);
+    EXPECT_FALSE(s.ok());
     EXPECT_FALSE(s.message.empty());
   }
 }

@@ -17,7 +17,7 @@ WorkingSeries constant_series(int n) {
 // is at or above every shuffled value (P = 1); Ratio and Z divide by 0 and are missing.
 TEST(ApEnAnalysis, AConstantSeriesGivesZeroApEnPOneAndMissingQuotients) {
   const ApEnResult r = analyse_apen(constant_series(20), {.cycles = 5, .threads = 2});
-  ASSERT_TRUE(r.ok) << r.message;
+  ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_TRUE(r.z_scores);
   for (const ApEnSummary& s : r.m) {
     EXPECT_EQ(s.apen, 0.0f);
@@ -37,7 +37,7 @@ TEST(ApEnAnalysis, ARegularSeriesIsBelowEveryShuffleSoPIsZero) {
   WorkingSeries s = constant_series(60);
   for (std::size_t i = 0; i < s.size(); i += 2) s.x[i] = 1.0f;
   const ApEnResult r = analyse_apen(s, {.r_fraction = false, .r = 0.5, .cycles = 30, .threads = 2});
-  ASSERT_TRUE(r.ok) << r.message;
+  ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_EQ(r.m[0].p, 0.0f);
   EXPECT_LT(r.m[0].z, 0.0f);
   EXPECT_EQ(r.m[0].noise_mean, r.m[0].apen);
@@ -46,7 +46,7 @@ TEST(ApEnAnalysis, ARegularSeriesIsBelowEveryShuffleSoPIsZero) {
 
 TEST(ApEnAnalysis, DifferencingShortensTheSeriesByOnePoint) {
   const ApEnResult r = analyse_apen(constant_series(10), {.difference = true, .cycles = 2});
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(r.ok());
   EXPECT_TRUE(r.differenced);
   EXPECT_EQ(r.n, 9);
 }
@@ -72,7 +72,7 @@ TEST(ApEnAnalysis, RefusesWhatCannotBeComputed) {
   };
   for (const Case& c : cases) {
     const ApEnResult r = analyse_apen(c.series, c.options);
-    EXPECT_FALSE(r.ok);
+    EXPECT_FALSE(r.ok());
     EXPECT_EQ(r.message, c.message);
   }
 }

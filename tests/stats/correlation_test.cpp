@@ -34,7 +34,7 @@ void expect_series(const SeriesCorrelation& series, const FixtureBlock& c, const
   EXPECT_NEAR(series.acf.variance, c.number("variance_" + name), kTight);
   const auto bartlett =
       autocorrelation(x, {.max_lag = max_lag, .standard_errors = kBartlettStandardErrors});
-  ASSERT_TRUE(bartlett.status.ok) << bartlett.status.message;
+  ASSERT_TRUE(bartlett.status.ok()) << bartlett.status.message;
   for (const auto& v : c.all("acf_" + name)) {
     // lag, autocovariance, autocorrelation, Moran S.E., Bartlett S.E., PACF
     const auto k = static_cast<std::size_t>(*v[0]);
@@ -57,7 +57,7 @@ TEST(CorrelationAnalysis, AgreesWithRAtEveryLagOfEveryReferenceCase) {
     const auto a = c.numbers("a"), b = c.numbers("b");
     const int max_lag = static_cast<int>(c.number("maxlag"));
     const auto result = correlation_analysis(a, b, max_lag);
-    ASSERT_TRUE(result.status.ok) << c.name << ": " << result.status.message;
+    ASSERT_TRUE(result.status.ok()) << c.name << ": " << result.status.message;
     expect_series(result.a, c, "a", a, max_lag);
     expect_series(result.b, c, "b", b, max_lag);
     for (const auto& v : c.all("ccf")) {  // lag, covariance, correlation, S.E.
@@ -102,7 +102,7 @@ TEST(Autocorrelation, RefusesBadArgumentsNamingTheirValues) {
   for (const auto& c : cases) {
     const auto r =
         autocorrelation(c.x, {.max_lag = c.max_lag, .standard_errors = c.standard_errors});
-    EXPECT_FALSE(r.status.ok);
+    EXPECT_FALSE(r.status.ok());
     EXPECT_EQ(r.status.message, c.message);
   }
 }
@@ -130,7 +130,7 @@ TEST(Autocorrelation, BartlettErrorsSumTheSquaredLowerLags) {
 TEST(CorrelationAnalysis, AConstantSeriesLeavesItsCorrelationsUndefined) {
   const std::vector<double> flat(6, 2.5), b = {1, 3, 2, 5, 4, 6};
   const auto r = correlation_analysis(flat, b, 2);
-  ASSERT_TRUE(r.status.ok);
+  ASSERT_TRUE(r.status.ok());
   EXPECT_EQ(r.a.acf.variance, 0.0);
   for (const auto& c : r.a.acf.correlation) EXPECT_FALSE(c.has_value());
   for (const auto& c : r.a.pacf.partial) EXPECT_FALSE(c.has_value());
@@ -143,7 +143,7 @@ TEST(CorrelationAnalysis, SumsThatOverflowLeaveCorrelationsUndefinedNotNaN) {
   // (±1e300)² overflows to infinity, so every quotient is infinity / infinity.
   const std::vector<double> huge = {1e300, -1e300, 1e300, -1e300, 1e300};
   const auto r = correlation_analysis(huge, huge, 2);
-  ASSERT_TRUE(r.status.ok);
+  ASSERT_TRUE(r.status.ok());
   for (const auto& c : r.a.acf.correlation) EXPECT_FALSE(c.has_value());
   for (const auto& c : r.cross.correlation) EXPECT_FALSE(c.has_value());
 }
@@ -151,7 +151,7 @@ TEST(CorrelationAnalysis, SumsThatOverflowLeaveCorrelationsUndefinedNotNaN) {
 TEST(CorrelationAnalysis, TheLargestLagLeavesOnePairWithStandardErrorOne) {
   const std::vector<double> a = {1, 4, 2, 8, 5}, b = {3, 1, 4, 1, 5};
   const auto r = correlation_analysis(a, b, 4);
-  ASSERT_TRUE(r.status.ok);
+  ASSERT_TRUE(r.status.ok());
   // One pair at lag ±4: covariance (a(0) − 4)(b(4) − 2.8) / 5 = −3 × 2.2 / 5 = −1.32 and
   // (a(4) − 4)(b(0) − 2.8) / 5 = 1 × 0.2 / 5 = 0.04 (means 4 and 2.8, by hand).
   EXPECT_NEAR(r.cross.covariance.back(), -1.32, kTight);

@@ -26,7 +26,7 @@ class SimulateCommands : public shell::CommandHandler {
     const core::Random before = session.random();
     if (request.seed) session.random().seed(*request.seed);
     const SimulatedSeries series = simulate_series(request.options, session.random());
-    if (!series.ok) {
+    if (!series.ok()) {
       session.random() = before;
       return session.error(kSimulationErrorTitle, {"SIMULATE: " + series.message});
     }

@@ -75,7 +75,7 @@ class ApEnMode : public shell::Module {
       return !progress || progress->update(static_cast<double>(done) / options.cycles);
     };
     const ApEnResult result = analyse_apen(apen_series(set), options);
-    if (!result.ok) return ModeResult::failed({result.message});
+    if (!result.ok()) return ModeResult::failed({result.message});
     show_results(c, apen_result_fields(result));
     const std::vector<std::string> lines = apen_listing(set.file_name, options.r, result);
     shell::ModeOutput output{.listing = join_lines(lines), .graph = apen_graph_source(set, result)};

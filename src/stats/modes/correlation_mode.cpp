@@ -52,10 +52,10 @@ class CorrelationMode : public shell::Module {
     // More points than lags; a lag below 1 is left to the routines' own refusal.
     const PairedSeries s = select_paired_series(c.store, a_number, b_number, "Cross-Correlation",
                                                 std::max(2, max_lag + 1));
-    if (!s.ok) return shell::ModeResult::failed(s.messages);
+    if (!s.ok()) return shell::ModeResult::failed(s.messages);
     const std::vector<double> ya(s.ya.begin(), s.ya.end()), yb(s.yb.begin(), s.yb.end());
     const CorrelationAnalysis analysis = correlation_analysis(ya, yb, max_lag);
-    if (!analysis.status.ok) return shell::ModeResult::failed({analysis.status.message});
+    if (!analysis.status.ok()) return shell::ModeResult::failed({analysis.status.message});
     const int n = static_cast<int>(s.ya.size());
     return shell::ModeResult::done(
         {.listing = correlation_listing(analysis, s.delta_t),

@@ -90,7 +90,7 @@ class CosineMode : public shell::Module {
     const CosineValues start = read_grid(c, flags);
     const CosineFit fit = fit_cosine(t_, y_, start, flags, start_.reference_variance);
     const data::DataSet& set = c.store.current();
-    const bool fitted = fit.engine.code == Lsfit2Code::kOk;
+    const bool fitted = fit.engine.ok();
     shell::ModeOutput output{.graph =
                                  cosine_graph_source({set, fit.values, fitted, start_.scan_period,
                                                       start_.scan_percent})};
@@ -137,7 +137,7 @@ class CosineMode : public shell::Module {
       CosineStart start = start_cosine(t_, y_, {.progress = ui::report_to(progress.get())});
       if (!start.complete) return std::string("Cosine period scan cancelled.");
       start_ = std::move(start);
-      if (start_.reference.code != Lsfit2Code::kOk) {
+      if (!start_.reference.ok()) {
         c.log.log(lsfit2_error_line(start_.reference.code));
         return lsfit2_error_line(start_.reference.code) + ": " + start_.reference.message;
       }

@@ -53,7 +53,7 @@ PairedSeries select_paired_series(const data::Store& store, int a_number, int b_
   s.sa = errors(*s.a, a0, a1);
   s.sb = errors(*s.b, b0, b1);
   s.delta_t = n >= 2 ? static_cast<double>(s.a->x()[a0 + 1]) - s.a->x()[a0] : 0.0;
-  s.ok = true;
+  s.status = PairedSeriesStatus::kPaired;
   return s;
 }
 

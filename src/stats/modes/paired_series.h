@@ -10,14 +10,18 @@
 
 namespace tidemark::stats {
 
+enum class PairedSeriesStatus { kRefused, kPaired };
+
 struct PairedSeries {
-  bool ok = false;
-  std::vector<std::string> messages;  // the error's lines when not ok
+  PairedSeriesStatus status = PairedSeriesStatus::kRefused;
+  std::vector<std::string> messages;  // the error's lines when not ok()
   const data::DataSet* a = nullptr;
   const data::DataSet* b = nullptr;
   std::vector<float> ya, yb;  // the concentrations
   std::vector<float> sa, sb;  // their standard errors, a missing one taken as 0
   double delta_t = 0;         // the spacing of the first two common times, 0 for one point
+
+  bool ok() const { return status == PairedSeriesStatus::kPaired; }
 };
 
 // `a_number` and `b_number` are 1-based data set numbers, as the dialog shows them;

@@ -55,7 +55,7 @@ class XApEnMode : public shell::Module {
     if (cycles < kMinCycles) return shell::ModeResult::failed({"MC Cycles must be at least 2."});
     const PairedSeries s = select_paired_series(
         c.store, c.value<int>(kASeries), c.value<int>(kBSeries), "Cross-ApEn", kXApEnMinPoints);
-    if (!s.ok) return shell::ModeResult::failed(s.messages);
+    if (!s.ok()) return shell::ModeResult::failed(s.messages);
     const Standardised a = standardise(s.ya, s.sa), b = standardise(s.yb, s.sb);
     XApEnReport report{.a_name = s.a->file_name,
                        .b_name = s.b->file_name,

@@ -63,7 +63,7 @@ TEST(PairedSeries, EachUnusablePairIsRefusedWithItsMessageUnderTheModesTitle) {
       Lines expected = c.messages;
       for (std::string& line : expected)
         if (line[0] == '@') line.replace(0, 1, title);
-      EXPECT_FALSE(s.ok) << title << ": " << c.what;
+      EXPECT_FALSE(s.ok()) << title << ": " << c.what;
       EXPECT_EQ(s.messages, expected) << title << ": " << c.what;
     }
   }
@@ -78,7 +78,7 @@ TEST(PairedSeries, TakesTheCropRangesWithMissingErrorsAsZero) {
   b.dy()[1] = core::kMissingF;
   const data::Store store = store_of({a, b});
   const PairedSeries s = select_paired_series(store, 1, 2, "Cross-Correlation", 4);
-  ASSERT_TRUE(s.ok) << testing::PrintToString(s.messages);
+  ASSERT_TRUE(s.ok()) << testing::PrintToString(s.messages);
   EXPECT_EQ(s.ya, (std::vector<float>{3, 4, 5, 6}));
   EXPECT_EQ(s.yb, (std::vector<float>{1, 2, 3, 4}));
   EXPECT_EQ(s.sa, (std::vector<float>{0.1f, 0.1f, 0.1f, 0.1f}));

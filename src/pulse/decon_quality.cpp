@@ -62,7 +62,7 @@ CellQuality measure_cell(const QualityCell& cell, core::Random& random) {
     sim.interval = cell.interval;
     sim.noise_cv = cell.cv;
     const SimulatedSeries truth = simulate_series(sim, random);
-    if (!truth.ok) continue;
+    if (!truth.ok()) continue;
     std::vector<double> true_times, true_mass;
     for (int e = 0; e < truth.layout.events; ++e) {
       true_times.push_back(truth.parameters[truth.layout.position_index(e)]);

@@ -88,12 +88,17 @@ class DesktopTest : public ::testing::Test {
     settle();
   }
 
-  // The commands of the history after the start-up SEED line, comments left out.
+  // The commands of the history after the start-up lines (SEED and the start folder's
+  // CD that follows it), comments left out.
   std::vector<std::string> commands() {
     std::vector<std::string> lines;
     std::istringstream in(Scratch::read(window().session().history));
+    bool after_seed = false;
     for (std::string line; std::getline(in, line);) {
-      if (line.empty() || line[0] == '!' || line.rfind("SEED ", 0) == 0) continue;
+      if (line.empty() || line[0] == '!') continue;
+      const bool start_folder = after_seed && line.rfind("CD ", 0) == 0;
+      after_seed = line.rfind("SEED ", 0) == 0;
+      if (after_seed || start_folder) continue;
       lines.push_back(line);
     }
     return lines;
@@ -101,6 +106,15 @@ class DesktopTest : public ::testing::Test {
   std::string last_command() {
     const auto all = commands();
     return all.empty() ? std::string() : all.back();
+  }
+  // The last command other than SET: entering a mode records a SET line for each field
+  // it starts with, after the MODE line.
+  std::string last_command_but_sets() {
+    const auto all = commands();
+    for (auto line = all.rbegin(); line != all.rend(); ++line) {
+      if (line->rfind("SET ", 0) != 0) return *line;
+    }
+    return {};
   }
 
   std::string example(const std::string& name) {

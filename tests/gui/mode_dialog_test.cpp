@@ -42,8 +42,8 @@ TEST_F(ModeDialogTest, AnEditBecomesItsSetLineBeforeTheButtonsCommand) {
   settle();
   const auto all = commands();
   ASSERT_GE(all.size(), 2u);
-  // 2.5 in the listing format 1PG15.5, blanks dropped: "2.5000".
-  EXPECT_EQ(all[all.size() - 2], "SET T-Score for Increase = 2.5000");
+  // A SET records the shortest decimal that reads back to the same value.
+  EXPECT_EQ(all[all.size() - 2], "SET T-Score for Increase = 2.5");
   EXPECT_EQ(all.back(), "CLUSTER_CALCULATE");
   // The same value again is no change: only the command follows.
   window().mode_panel()->findChild<QPushButton*>("Calculate")->click();

@@ -40,9 +40,3 @@ TEST(SheetText, ReadsLabelsInEqualCellsAndRowsOfNumbers) {
 
 }  // namespace
 }  // namespace tidemark::gui
-
-// Under LeakSanitizer: the font and window-system libraries under Qt keep caches for the
-// life of the process, which the sanitizer would report at exit.
-extern "C" const char* __lsan_default_suppressions() {
-  return "leak:libfontconfig\nleak:libQt6\nleak:libglib\nleak:libgobject\nleak:libdbus\n";
-}

@@ -5,7 +5,8 @@ namespace tidemark::shell {
 void KeptResults::take(const ModeOutput& output, const data::Store& store, int set_index,
                        const std::vector<ui::FieldValue>& values) {
   if (output.empty()) return;
-  Shown& shown = shown_ ? *shown_ : shown_.emplace();
+  if (!shown_) shown_ = Shown{};
+  Shown& shown = *shown_;
   const std::string name = set_index >= 0 ? store.at(set_index).file_name : std::string();
   if (set_index != shown.set_index || name != shown.set_name) {
     shown.output.summary.clear();

@@ -46,7 +46,7 @@ TEST_F(DataSetFieldsTest, AChosenDataSetIsIssuedAsItsNumberBeforeTheButtonsComma
   EXPECT_EQ(all[all.size() - 2], "SET B Series = 1");
   EXPECT_EQ(all.back(), "CORR_CALCULATE");
   // A third data set read later joins the list; the choice stays.
-  read_example("lh_24h_10min.dat");
+  read_example("subject07_lh.dat");
   EXPECT_EQ(b->count(), 3);
   EXPECT_EQ(b->currentIndex(), 0);
 }

@@ -1,6 +1,7 @@
 // The summary-book columns of the two-series modes carry the numbers their listings
 // show: each test runs the mode, reads the listing and compares every cell with it
 // (to the listing's 5 or 3 significant digits), plus values known by hand.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -22,8 +23,7 @@ using testing_support::SessionFixture;
 using testing_support::text_lines;
 using testing_support::value_after;
 
-// Runs `commands` on sets `a` and `b` with the mode of menu place `index`; the listing
-// the last command showed.
+// Runs `commands` on sets `a` and `b`; the listing the last command showed.
 std::string listing_of(SessionFixture& f, const data::DataSet& a, const data::DataSet& b,
                        const std::vector<std::string>& commands) {
   f.session->store().append(a);

@@ -1,5 +1,6 @@
 #include "render/cairo_library.h"
 
+#include <cairo-ft.h>
 #include <cairo-pdf.h>
 #include <cairo-ps.h>
 #include <cairo-svg.h>
@@ -54,7 +55,7 @@ bool cairo_ready(std::string& problem) {
 
 }  // namespace tidemark::render
 
-// Each cairo function the program calls, with the declaration of <cairo.h>: the
+// Each cairo (and fontconfig) function the program calls, with the declaration of <cairo.h>: the
 // compiler checks every parameter list against it.
 #define TIDEMARK_CAIRO(result, name, parameters, arguments)                        \
   extern "C" result name parameters {                                              \
@@ -113,10 +114,6 @@ TIDEMARK_CAIRO(void, cairo_restore, (cairo_t * cr), (cr))
 TIDEMARK_CAIRO(void, cairo_rotate, (cairo_t * cr, double angle), (cr, angle))
 TIDEMARK_CAIRO(void, cairo_save, (cairo_t * cr), (cr))
 TIDEMARK_CAIRO(void, cairo_scale, (cairo_t * cr, double sx, double sy), (cr, sx, sy))
-TIDEMARK_CAIRO(void, cairo_select_font_face,
-               (cairo_t * cr, const char* family, cairo_font_slant_t slant,
-                cairo_font_weight_t weight),
-               (cr, family, slant, weight))
 TIDEMARK_CAIRO(void, cairo_set_dash,
                (cairo_t * cr, const double* dashes, int num_dashes, double offset),
                (cr, dashes, num_dashes, offset))
@@ -151,3 +148,21 @@ TIDEMARK_CAIRO(cairo_surface_t*, cairo_svg_surface_create_for_stream,
 TIDEMARK_CAIRO(void, cairo_text_extents,
                (cairo_t * cr, const char* utf8, cairo_text_extents_t* extents), (cr, utf8, extents))
 TIDEMARK_CAIRO(void, cairo_translate, (cairo_t * cr, double tx, double ty), (cr, tx, ty))
+TIDEMARK_CAIRO(cairo_font_face_t*, cairo_ft_font_face_create_for_pattern, (FcPattern * pattern),
+               (pattern))
+TIDEMARK_CAIRO(void, cairo_set_font_face, (cairo_t * cr, cairo_font_face_t* font_face),
+               (cr, font_face))
+TIDEMARK_CAIRO(void, cairo_font_face_destroy, (cairo_font_face_t * font_face), (font_face))
+TIDEMARK_CAIRO(void*, cairo_get_user_data, (cairo_t * cr, const cairo_user_data_key_t* key),
+               (cr, key))
+TIDEMARK_CAIRO(cairo_status_t, cairo_set_user_data,
+               (cairo_t * cr, const cairo_user_data_key_t* key, void* user_data,
+                cairo_destroy_func_t destroy),
+               (cr, key, user_data, destroy))
+// fontconfig, which cairo loads: its functions are found through cairo's library.
+TIDEMARK_CAIRO(FcPattern*, FcPatternCreate, (), ())
+TIDEMARK_CAIRO(void, FcPatternDestroy, (FcPattern * p), (p))
+TIDEMARK_CAIRO(FcBool, FcPatternAddInteger, (FcPattern * p, const char* object, int i),
+               (p, object, i))
+TIDEMARK_CAIRO(FcBool, FcPatternAddString, (FcPattern * p, const char* object, const FcChar8* s),
+               (p, object, s))

@@ -39,11 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
 using GraphOptionsTest = DesktopTest;
 
 TEST_F(GraphOptionsTest, AnOptionSetByACommandFileIsShownInItsCheckBox) {
-  read_example("lh_24h_10min.dat");
-  trigger("Mode/Cluster8");
-  window().mode_panel()->findChild<QPushButton*>("Calculate")->click();
-  settle();
-  const auto boxes = window().graph_view()->findChildren<QCheckBox*>();
+  const auto boxes = cluster8_option_boxes();
   ASSERT_FALSE(boxes.empty());
   const std::string label = boxes.front()->text().toStdString();
   const bool was = boxes.front()->isChecked();
@@ -52,11 +48,8 @@ TEST_F(GraphOptionsTest, AnOptionSetByACommandFileIsShownInItsCheckBox) {
           .string();
   files_to_choose.push_back(batch);
   trigger("File/Run a Batch File (@)");
-  const auto again = window().graph_view()->findChildren<QCheckBox*>();
-  const auto same = std::find_if(again.begin(), again.end(),
-                                 [&](QCheckBox* b) { return b->text().toStdString() == label; });
-  ASSERT_NE(same, again.end());
-  EXPECT_EQ((*same)->isChecked(), !was);
+  ASSERT_NE(option_box(label), nullptr);
+  EXPECT_EQ(option_box(label)->isChecked(), !was);
   EXPECT_EQ(window().graph_view()->states().at(label), !was);
   // Showing the state issued no command of its own: the command file's line is the last.
   EXPECT_EQ(last_command(), "GRF_OPTION \"" + label + "\" " + (was ? "OFF" : "ON"));

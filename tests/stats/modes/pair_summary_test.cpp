@@ -105,10 +105,11 @@ TEST(CorrelationSummary, FillsDgToDoWithTheListedMomentsAndTheLargestCrossCorrel
                row_numbers(kendall, "    0").at(0));
 }
 
-data::DataSet with_events(const std::string& name, const std::vector<double>& times) {
-  auto set = testing_support::data_set(name, name, 25);
+// 25 samples every 10 minutes (0 .. 240) with events (peaks) at `times`.
+data::DataSet with_events(const std::string& name, std::initializer_list<double> times) {
+  data::DataSet set = testing_support::data_set(name, name, 25);
   std::vector<data::SecretionEvent> events;
-  for (double t : times) events.push_back({t, 0.0});
+  for (const double t : times) events.push_back({t, 0.0});
   data::set_secretion_events(set, events);
   return set;
 }

@@ -1,6 +1,6 @@
 #pragma once
 // The cairo graphics library, loaded when the first graph is drawn rather than when the
-// program starts. Cairo and the sixteen libraries it needs (pixman, fontconfig,
+// program starts. Cairo and the eighteen libraries it needs (pixman, fontconfig,
 // freetype, libpng, X11, xcb, ...) cost about half of the headless program's start-up,
 // and most runs (a batch job that reads, analyses and lists) draw nothing.
 //

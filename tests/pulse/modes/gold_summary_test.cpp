@@ -14,32 +14,45 @@ namespace {
 
 using testing_support::value_after;
 
+// Gold_Method on 101 simulated samples every 10 minutes (the interval is 10 by
+// construction) with `kernel`: the listing shown and the data set's summary row.
+struct GoldRun {
+  testing_support::SessionFixture f{
+      testing_support::only_mode(8, [](int) { return make_gold_mode(); })};
+  std::string listing;
+  explicit GoldRun(const std::string& kernel) {
+    f.session->set_simulator(make_simulate_commands());
+    f.run({"SIMULATE SEED=5 SAMPLES=101 EVENTS=200:0.5,600:0.8 NOISE_CV=0.03",
+           "MODE Gold_Method", "SET Elimination Half-Life = 50", "SET Kernel = " + kernel,
+           "GOLD_CALCULATE", "GOLD_VIEW"});
+    EXPECT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+    listing = f.ui.texts.empty() ? "" : f.ui.texts.back();
+  }
+  const data::SummaryRow& row() const { return f.session->store().current().summary; }
+};
+
+void expect_cell(const data::SummaryRow& row, const char* letters, const char* title,
+                 double value) {
+  ASSERT_TRUE(row.contains(letters)) << letters;
+  EXPECT_EQ(row.at(letters).title, title);
+  EXPECT_NEAR(row.at(letters).value, value, std::abs(value) * 1e-4) << title;  // 5 digits
+}
+
 TEST(GoldSummary, FillsDpToDtWithTheListedSettingsIterationsAndResidual) {
-  testing_support::SessionFixture f(
-      testing_support::only_mode(8, [](int) { return make_gold_mode(); }));
-  f.session->set_simulator(make_simulate_commands());
-  // 101 samples every 10 minutes: the interval is 10 by construction.
-  // 101 samples every 10 minutes: the interval is 10 by construction.
-  f.run({"SIMULATE SEED=5 SAMPLES=101 EVENTS=200:0.5,600:0.8 NOISE_CV=0.03", "MODE Gold_Method",
-         "SET Elimination Half-Life = 50", "GOLD_CALCULATE", "GOLD_VIEW"});
-  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
-  const std::string listing = f.ui.texts.at(0);
-  const data::SummaryRow& row = f.session->store().current().summary;
-  const auto expect = [&](const char* letters, const char* title, double value) {
-    ASSERT_TRUE(row.contains(letters)) << letters;
-    EXPECT_EQ(row.at(letters).title, title);
-    EXPECT_NEAR(row.at(letters).value, value, std::abs(value) * 1e-4) << title;  // 5 digits listed
-  };
-  EXPECT_EQ(row.size(), 5u);
-  expect("DP", "Gold Half-Life", 50);
-  expect("DQ", "Gold Secretion SD", value_after(listing, " Secretion SD = "));
-  expect("DR", "Gold Sampling Interval", 10);
-  expect("DS", "Gold Iterations", value_after(listing, " Iterations = "));
-  expect("DT", "Gold R", value_after(listing, " R = "));
-  // The elimination-only kernel has no secretion SD: its cell is missing (empty).
-  f.run({"SET Kernel = Elimination Only", "GOLD_CALCULATE"});
-  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
-  EXPECT_TRUE(core::is_missing(row.at("DQ").value));
+  const GoldRun run("Elimination and Secretion Shape");
+  EXPECT_EQ(run.row().size(), 5u);
+  expect_cell(run.row(), "DP", "Gold Half-Life", 50);
+  expect_cell(run.row(), "DQ", "Gold Secretion SD", value_after(run.listing, " Secretion SD = "));
+  expect_cell(run.row(), "DR", "Gold Sampling Interval", 10);
+  expect_cell(run.row(), "DS", "Gold Iterations", value_after(run.listing, " Iterations = "));
+  expect_cell(run.row(), "DT", "Gold R", value_after(run.listing, " R = "));
+}
+
+TEST(GoldSummary, TheEliminationOnlyKernelLeavesTheSecretionSdEmpty) {
+  const GoldRun run("Elimination Only");
+  ASSERT_TRUE(run.row().contains("DQ"));
+  EXPECT_TRUE(core::is_missing(run.row().at("DQ").value));
+  expect_cell(run.row(), "DS", "Gold Iterations", value_after(run.listing, " Iterations = "));
 }
 
 }  // namespace

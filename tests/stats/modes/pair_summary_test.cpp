@@ -154,7 +154,7 @@ TEST(XApEnSummary, FillsDuToEjWithTheListedResultLinesInOrder) {
     std::vector<double> listed;
     for (int k = 0; k < 4; ++k) {
       const std::string& line = lines[static_cast<std::size_t>(4 + 4 * m + k)];
-      for (const std::string part : {line.substr(line.find("= ") + 2),
+      for (const std::string& part : {line.substr(line.find("= ") + 2),
                                      line.find("+/-") == std::string::npos
                                          ? std::string()
                                          : line.substr(line.find("+/-") + 3)})

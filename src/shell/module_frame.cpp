@@ -198,8 +198,9 @@ class Frame {
     const std::vector<ui::FieldValue> before = values_;
     ModuleContext c = context();
     const ModeResult result = module_->calculate(c);
-    const OutputResult written = write_output(result.output, targets(&session_.store().current()));
-    results_.take(result.output, session_.store(), session_.store().current_index(), values_);
+    const int set = result.output.data_set.value_or(session_.store().current_index());
+    const OutputResult written = write_output(result.output, targets(&session_.store().at(set)));
+    results_.take(result.output, session_.store(), set, values_);
     show_written_fields(before);
     session_.carried_out(core::trim(command), core::to_upper(core::trim(command)));
     if (!result.ok()) session_.error(error_title(), result.message);

@@ -106,6 +106,7 @@ class SRQuantMode : public shell::Module {
     output.graph = srquant_graph(run, c.store.at(run.series.output.number - 1));
     output.answers = srquant_answers(run);
     output.summary = srquant_summary(run);
+    output.data_set = run.series.output.number - 1;
     show_results(c, &run.fit);
     return ModeResult::done(std::move(output));
   }

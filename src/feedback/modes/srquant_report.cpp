@@ -30,7 +30,7 @@ bool in_use(const ResponseModel& model, int k) {
 }
 
 std::string series_line(const std::string& label, const SeriesUse& use) {
-  return fmt::format(" {:<8} data set {:2d}  {} ({}): {:5d} points used (missing {}, REPS 0 {}",
+  return fmt::format(" {:<8} data set {:2d}  {} ({}): {:5d} points used (missing {}, REPS 0 {})\n",
                      label, use.number, use.file_name, use.handle, use.used, use.missing,
                      use.unreplicated);
 }
@@ -38,13 +38,12 @@ std::string series_line(const std::string& label, const SeriesUse& use) {
 std::string data_block(const SRQuantRun& run) {
   const ResponseSeries& s = run.series;
   std::string text = series_line("Output", s.output);
-  if (s.early + s.late > 0) {
-    text += fmt::format(";\n          outside the inputs' reach: {} before, {} after", s.early,
-                        s.late);
-  }
-  text += fmt::format("); weights {}\n", s.sem_weights ? "1/SEM^2" : "equal (an SEM is missing or 0)");
+  text += fmt::format("          {} fitted, outside the inputs' reach {} before and {} after; "
+                      "weights {}\n",
+                      s.data.time.size(), s.early, s.late,
+                      s.sem_weights ? "1/SEM^2" : "equal (an SEM is missing or 0)");
   for (std::size_t i = 0; i < s.inputs.size(); ++i) {
-    text += series_line(fmt::format("Input {}", i + 1), s.inputs[i]) + ")\n";
+    text += series_line(fmt::format("Input {}", i + 1), s.inputs[i]);
   }
   return text;
 }
@@ -90,8 +89,9 @@ std::string parameter_table(const SRQuantRun& run) {
   const std::vector<Bounded> bounds = parameter_bounds(model);
   const ResponseFitResult& f = run.fit;
   const bool fitted = f.ok() && f.values.size() == names.size();
-  std::string text = " Parameter             Start          Lower          Upper  Fit ";
-  text += fitted ? "          Value      Std. Err.\n" : "\n";
+  // The titles end where the numbers' digits end, 4 blanks before the end of a field.
+  std::string text = " Parameter         Start          Lower          Upper      Fit";
+  text += fitted ? "       Value      Std. Err.\n" : "\n";
   for (std::size_t k = 0; k < names.size(); ++k) {
     if (!in_use(model, static_cast<int>(k))) continue;
     const Bounded& b = bounds[k];

@@ -4,9 +4,9 @@
 //
 //   Signal-Response Quantification of testo.dat
 //
-//    Output   data set  1  testo.dat (TESTO):  138 points used (missing 2, REPS 0 0;
-//             outside the inputs' reach: 4 before, 0 after); weights 1/SEM^2
-//    Input 1  data set  2  lh.dat (LH):  144 points used (missing 0, REPS 0 0)
+//    Output   data set  1  testo.dat (T):   142 points used (missing 2, REPS 0 0)
+//             138 fitted, outside the inputs' reach 4 before and 0 after; weights 1/SEM^2
+//    Input 1  data set  2  lh.dat (LH):   144 points used (missing 0, REPS 0 0)
 //   ...
 //    Parameter            Start          Lower          Upper  Fit           Value      Std. Err.
 //    Delay 1         90.000        0.0000         360.00      FIT         62.311         3.1120

@@ -8,6 +8,8 @@
 namespace tidemark::feedback {
 namespace {
 
+constexpr int kMaxRestarts = 50;
+
 struct SineMap {
   std::span<const double> lower, upper;
 
@@ -65,7 +67,7 @@ std::pair<std::vector<double>, double> simplex_search(Search& search, std::vecto
     const std::size_t best = order.front(), worst = order.back(), second = order[n - 1];
     const double spread = value[worst] - value[best];
     if (std::isfinite(spread) &&
-        spread <= options.tolerance * std::abs(value[best]) + 1e-300) {
+        spread <= std::max(options.tolerance * std::abs(value[best]), options.absolute)) {
       converged = true;
       break;
     }
@@ -119,7 +121,18 @@ NelderMeadResult nelder_mead(const Objective& f, std::span<const double> start,
   Search search{f, map};
   bool converged = false;
   auto [z, value] = simplex_search(search, map.from_box(start), options, converged);
-  if (converged) std::tie(z, value) = simplex_search(search, z, options, converged);
+  // Restart from the best point while that still helps: a fresh simplex escapes the
+  // collapsed ones of non-smooth criteria (least absolute, min-max).
+  // A restart cut short by the evaluation limit still leaves a converged search's point.
+  for (int restart = 0; restart < kMaxRestarts && converged; ++restart) {
+    bool again = false;
+    auto [z2, value2] = simplex_search(search, z, options, again);
+    const bool helped =
+        value - value2 > std::max(options.tolerance * std::abs(value2), options.absolute);
+    z = std::move(z2);
+    value = value2;
+    if (!helped || !again) break;
+  }
   NelderMeadResult result;
   result.best = map.to_box(z);
   result.value = value;

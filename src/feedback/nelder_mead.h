@@ -7,9 +7,10 @@
 // never leaves the box. Standard coefficients (reflection 1, expansion 2, contraction
 // 1/2, shrink 1/2; J. A. Nelder and R. Mead 1965, as in Lagarias et al. 1998). The
 // initial simplex steps 0.5 in z from the start. The search ends when the values at the
-// simplex's vertices differ by no more than `tolerance` relative (and 1e-300 absolute)
-// or after `max_evaluations`; it is then restarted once from its best point, which
-// undoes most premature collapses of the simplex, and that second result is kept.
+// simplex's vertices differ by no more than `tolerance` relative or `absolute`, or after
+// `max_evaluations`. It is then restarted from its best point (at most 50 times) while
+// a restart still lowers the value, which undoes premature collapses of the simplex on
+// non-smooth criteria; the search counts as converged when its first simplex did.
 #include <span>
 #include <vector>
 
@@ -20,6 +21,7 @@ namespace tidemark::feedback {
 struct NelderMeadOptions {
   int max_evaluations = 20000;
   double tolerance = 1e-10;
+  double absolute = 1e-10;
 };
 
 struct NelderMeadResult {

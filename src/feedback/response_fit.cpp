@@ -101,7 +101,7 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
   }
   if (o == Optimizer::kNelderMead || o == Optimizer::kSwarmThenNelderMead) {
     const NelderMeadResult nm = nelder_mead(objective, x, free.lower, free.upper,
-                                            {options.max_evaluations, options.tolerance});
+                                            {options.max_evaluations, options.tolerance, options.tolerance});
     result.evaluations += nm.evaluations;
     x = nm.best;
     if (!nm.converged) {

@@ -47,6 +47,7 @@ enum class ResponseFitStatus {
   kBadOption,  // swarm size, iterations, eliminations, input count out of range
   kFitFailed,  // the local method ended with a failure code
   kCancelled,
+  kBadData,  // a time, value or SEM not finite, times not increasing, or an SEM not positive
 };
 
 struct ResponseFitResult {

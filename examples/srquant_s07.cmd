@@ -1,6 +1,6 @@
 ! SRQuant: how LH drives testosterone in subject 07 (the same blood draws, every 10
 ! minutes for 12 hours). Run it from the top folder of the source tree:
-!   build/bin/tidemark -@ examples/srquant_s07.cmd
+!   mkdir -p srquant-out && build/bin/tidemark -@ examples/srquant_s07.cmd
 ! The listing, graph and summary books go to srquant-out/.
 SEED 7
 READ_NATIVE "examples/subject07_testo.dat"

@@ -26,8 +26,9 @@ double median(std::vector<double> v) {
   return *mid;
 }
 
-// EC50's bounds from the input's values: its smallest positive value to its largest,
-// widened about the median when they coincide.
+// EC50's bounds from the input's values: half its smallest positive value to twice its
+// largest (a potency just outside the values seen still shapes the response over them),
+// its value +- 50 % when they coincide.
 Bounded potency(const std::vector<double>& x) {
   double low = HUGE_VAL, high = 0;
   for (const double v : x) {
@@ -36,7 +37,7 @@ Bounded potency(const std::vector<double>& x) {
   }
   if (!(high > 0)) return within(0.5, 1e-6, 1);
   if (!(low < high)) return within(high, 0.5 * high, 1.5 * high);
-  return within(median(x), low, high);
+  return within(median(x), low / 2, 2 * high);
 }
 
 }  // namespace
@@ -65,9 +66,10 @@ void put_default_parameters(ResponseModel& model, const ResponseData& data) {
     in.ec50 = potency(i < data.inputs.size() ? data.inputs[i].value : std::vector<double>{});
     in.hill = within(1, 0.5, 5);
   }
-  model.basal = within(low * rate, 0, std::max(high, range) * rate);
-  const double longest = std::max(10.0, std::min(120.0, span));
-  model.half_life = within(kStartHalfLife, 10, longest);
+  // Basal up to the secretion that holds the highest level at the fastest elimination.
+  model.basal = within(low * rate, 0, std::max(high, range) * std::numbers::ln2 / kShortestHalfLife);
+  const double longest = std::max(kShortestHalfLife, std::min(120.0, span));
+  model.half_life = within(kStartHalfLife, kShortestHalfLife, longest);
   if (model.eliminations == 2) {
     model.half_life_2 = within(180, 60, 600);
     model.fraction_2 = within(0.5, 0, 1);

@@ -8,9 +8,11 @@
 //   Width i     h/2 .. T/8, start 2h (held at 0 without spreading)
 //   Efficacy i  0 .. 20 R k, start 2 R k (in a product, inputs after the first hold 1:
 //               only the product of the efficacies counts)
-//   EC50 i      the input's smallest positive .. largest value, start its median
+//   EC50 i      half the input's smallest positive .. twice its largest value, start
+//               its median
 //   Hill i      0.5 .. 5, start 1
-//   Basal       0 .. max k, start min k (the secretion that holds the lowest level)
+//   Basal       0 .. max ln 2 / 10, start min k (the secretion that holds the lowest
+//               level; the upper bound holds the highest at the shortest half-life)
 //   Half-Life   10 .. 120, start 45 (the upper bound at most T)
 //   Half-Life 2 60 .. 600, start 180; Fraction 2  0 .. 1, start 0.5 (held, unused, with
 //               one elimination)
@@ -20,6 +22,7 @@
 namespace tidemark::feedback {
 
 inline constexpr double kStartHalfLife = 45;
+inline constexpr double kShortestHalfLife = 10;
 
 // Puts the defaults into every parameter of `model` (its inputs, spreading, dose-response,
 // combination and eliminations already chosen) from `data`, one input series per model

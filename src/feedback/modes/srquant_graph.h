@@ -2,8 +2,10 @@
 // The graph of an SRQuant fit, four panels from the top: the output's data (the common
 // options of every mode's graph) with the model's prediction over it ("Show Prediction");
 // the residuals, divided by the SEM when the fit was weighted ("Show Residuals"); the
-// input series; and each input's dose-response curve over the range of its values, on
-// a log concentration axis, its EC50 marked ("Show EC50").
+// input series; and each input's dose-response curve on a log concentration axis, solid
+// over the range of its values and dotted beyond them out to EC50 / 2 .. 2 EC50, its EC50
+// marked ("Show EC50"). The time panels share one time range; input i has one colour in
+// every panel.
 #include <string>
 
 #include "data/dataset.h"

@@ -83,6 +83,15 @@ std::string model_block(const SRQuantRun& run) {
   return text + "\n";
 }
 
+// "  at lower bound" or "  at upper bound" for a fitted value on (within 1e-6 of the
+// range) a bound, where the data ask for more than the bounds allow; empty otherwise.
+std::string bound_mark(double value, const Bounded& b) {
+  const double near = 1e-6 * (b.upper - b.lower);
+  if (value <= b.lower + near) return "  at lower bound";
+  if (value >= b.upper - near) return "  at upper bound";
+  return {};
+}
+
 std::string parameter_table(const SRQuantRun& run) {
   const ResponseModel& model = run.model;
   const std::vector<std::string> names = parameter_names(model);
@@ -102,11 +111,18 @@ std::string parameter_table(const SRQuantRun& run) {
     if (fitted) {
       text += g(f.values[k]);
       const double se = k < f.standard_errors.size() ? f.standard_errors[k] : NAN;
-      if (b.fit && std::isfinite(se)) text += g(se);
+      const bool has_se = b.fit && std::isfinite(se);
+      const std::string mark = b.fit && b.lower < b.upper ? bound_mark(f.values[k], b) : "";
+      if (has_se) text += g(se);
+      if (!mark.empty()) text += (has_se ? "" : std::string(15, ' ')) + mark;
     }
     text += "\n";
   }
   if (!run.user_set.empty()) text += " * set by DOSE_RESPONSE_PARAMETER; the others from the data\n";
+  if (text.find(" bound\n") != std::string::npos) {
+    text += " A value at a bound: the data ask for more than the bounds allow; widen them\n"
+            " (DOSE_RESPONSE_PARAMETER) or hold the parameter.\n";
+  }
   return text;
 }
 

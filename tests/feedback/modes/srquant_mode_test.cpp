@@ -161,7 +161,7 @@ TEST_F(SRQuantMode, RefusesWhatItCannotFitAndLeavesTheDataSetsAlone) {
        "The data set 6 of input 2 does not exist: choose 1 to 5."},
       {{"SET Input 1 Data Set = 1"}, "Input 1 is the output's own data set (1)"},
       {{"SET Input 1 Data Set = 3"}, "The inputs do not reach any of the output's times"},
-      {{"SET Input 1 Data Set = 5"}, "The times of data set 5 (back.dat) do not increase at point 6"},
+      {{"SET Input 1 Data Set = 5"}, "The times of data set 5 (back.dat) do not increase at point 7"},
       {{"SET Output Data Set = 4"}, ""},  // the kernel's: too few points
       {hold_all, ""},                      // the kernel's: nothing to fit
       {{"SET Criterion = Least Absolute"}, ""},  // the kernel's: LM needs least squares

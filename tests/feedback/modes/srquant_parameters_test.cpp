@@ -104,12 +104,12 @@ TEST(DefaultParameters, FollowTheRulesForTheSpanRangeAndInputs) {
   EXPECT_FALSE(b.efficacy.fit);  // a product's second factor
   EXPECT_EQ(b.efficacy.start, 1);
   EXPECT_EQ(a.ec50.start, 5);
-  EXPECT_EQ(a.ec50.lower, 1);
-  EXPECT_EQ(a.ec50.upper, 9);
+  EXPECT_EQ(a.ec50.lower, 0.5);  // half the smallest value
+  EXPECT_EQ(a.ec50.upper, 18);   // twice the largest
   EXPECT_DOUBLE_EQ(b.ec50.lower, 1.5);  // a constant input: its value +- 50 %
   EXPECT_DOUBLE_EQ(b.ec50.upper, 4.5);
   EXPECT_DOUBLE_EQ(model.basal.start, 5 * k);
-  EXPECT_DOUBLE_EQ(model.basal.upper, 21 * k);
+  EXPECT_DOUBLE_EQ(model.basal.upper, 21 * std::numbers::ln2 / 10);
   EXPECT_EQ(model.half_life.start, 45);
   EXPECT_EQ(model.half_life.upper, 120);
   EXPECT_FALSE(model.half_life_2.fit);

@@ -31,12 +31,12 @@ SRQuantRun hand_made_run(bool fitted) {
   run.series.data.inputs = {{{-20, -10, 0, 10, 20, 30, 40, 50}, {2, 3, 8, 4, 3, 2, 6, 5}}};
   run.model.inputs.resize(1);
   InputModel& in = run.model.inputs[0];
-  in.delay = {10, 0, 60, true};
+  in.delay = {10, 0, 90, true};
   in.width = {0, 0, 0, false};
   in.efficacy = {1, 0, 10, true};
   in.ec50 = {4, 2, 8, true};
   in.hill = {1, 1, 1, false};
-  run.model.basal = {0.1, 0, 1, true};
+  run.model.basal = {0.1, 0, 0.125, true};  // fitted at its upper bound
   run.model.half_life = {45, 10, 120, true};
   run.model.half_life_2 = {180, 180, 180, false};
   run.model.fraction_2 = {0, 0, 0, false};
@@ -84,8 +84,10 @@ TEST(SRQuantListing, TablesEveryUsedParameterWithItsFitAndError) {
            "200 iterations)",
            " Parameter         Start          Lower          Upper      Fit       Value      "
            "Std. Err.",
-           " Delay 1    *     10.000         0.0000         60.000      FIT      62.311         "
+           " Delay 1    *     10.000         0.0000         90.000      FIT      62.311         "
            "3.1120    ",
+           " Basal           0.10000         0.0000        0.12500      FIT     0.12500        "
+           "1.00000E-02  at upper bound",
            " Hill 1           1.0000         1.0000         1.0000      HOLD     1.0000    ",
            " Least Squares  =     4.5000    ",
            " AIC            =     12.250    ",
@@ -113,7 +115,7 @@ TEST(SRQuantListing, AFailedFitListsTheStartsAndSaysWhy) {
 TEST(SRQuantOutputs, AnswersLogAndSummaryCarryTheFittedValues) {
   const SRQuantRun run = hand_made_run(true);
   const std::string answers = srquant_answers(run);
-  EXPECT_NE(answers.find(" Delay 1 =      62.311       SE =      3.1120    \n"), std::string::npos)
+  EXPECT_NE(answers.find(" Delay 1 =      62.311      SE =      3.1120    \n"), std::string::npos)
       << answers;
   EXPECT_NE(answers.find(" Hill 1 =      1.0000    \n"), std::string::npos) << answers;
   const std::vector<std::string> log = srquant_log_lines(run);
@@ -151,7 +153,7 @@ TEST(SRQuantGraph, DrawsTheOutputResidualsInputsAndDoseResponse) {
   const auto& panels = parsed.plot.panels;
   ASSERT_EQ(panels.size(), 4u);
   EXPECT_EQ(panels[1].title, "Residuals");
-  EXPECT_EQ(panels[2].title, "Inputs");
+  EXPECT_EQ(panels[2].title, "Input");  // one input
   EXPECT_EQ(panels[3].title, "Dose-Response");
   const auto named = [](const graphics::Panel& p, const std::string& name) {
     for (const auto& s : p.series)

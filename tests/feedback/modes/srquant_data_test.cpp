@@ -1,5 +1,6 @@
-// From data sets to the kernel's series: which points are used, the weights, the
-// refusals, and the output points the inputs cannot reach. Expected values are counted
+// From data sets to the kernel's series: which points are used, the weights, and the
+// output points the inputs cannot reach (the refusals are tested through the mode's
+// commands, srquant_mode_test.cpp). Expected values are counted
 // by hand from the data sets built here.
 #include "feedback/modes/srquant_data.h"
 
@@ -64,26 +65,6 @@ TEST(ResponseSeries, AnSemOfZeroOrMissingGivesEqualWeights) {
     ASSERT_TRUE(s.ok()) << s.problem;
     EXPECT_FALSE(s.sem_weights);
     EXPECT_EQ(s.data.sem, (std::vector<double>{1, 1, 1, 1}));
-  }
-}
-
-TEST(ResponseSeries, RefusesSetsThatCannotBeUsed) {
-  data::Store store = messy_pair();
-  store.append(set_of("back.dat", {{0, 1, 1, 1}, {20, 1, 1, 1}, {10, 1, 1, 1}}));
-  const struct {
-    int output;
-    std::vector<int> inputs;
-    const char* says;
-  } cases[] = {
-      {4, {2}, "The output data set 4 does not exist: choose 1 to 3."},
-      {1, {2, 0}, "The data set 0 of input 2 does not exist: choose 1 to 3."},
-      {1, {1}, "Input 1 is the output's own data set (1)"},
-      {1, {3}, "The times of data set 3 (back.dat) do not increase at point 3"},
-      {3, {2}, "The times of data set 3 (back.dat) do not increase at point 3"},
-  };
-  for (const auto& c : cases) {
-    const ResponseSeries s = read_response_series(store, c.output, c.inputs);
-    EXPECT_NE(s.problem.find(c.says), std::string::npos) << c.says << " -> " << s.problem;
   }
 }
 

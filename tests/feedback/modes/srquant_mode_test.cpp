@@ -162,10 +162,11 @@ TEST_F(SRQuantMode, RefusesWhatItCannotFitAndLeavesTheDataSetsAlone) {
       {{"SET Input 1 Data Set = 1"}, "Input 1 is the output's own data set (1)"},
       {{"SET Input 1 Data Set = 3"}, "The inputs do not reach any of the output's times"},
       {{"SET Input 1 Data Set = 5"}, "The times of data set 5 (back.dat) do not increase at point 7"},
-      {{"SET Output Data Set = 4"}, ""},  // the kernel's: too few points
-      {hold_all, ""},                      // the kernel's: nothing to fit
-      {{"SET Criterion = Least Absolute"}, ""},  // the kernel's: LM needs least squares
-      {{"SET Optimiser = Particle Swarm", "SET Swarm Size = 0"}, ""},  // the kernel's
+      // The kernel's refusals, in its words.
+      {{"SET Output Data Set = 4"}, "3 output points for 7 fitted parameters"},
+      {hold_all, "every parameter is held"},
+      {{"SET Criterion = Least Absolute"}, "Levenberg-Marquardt minimises a sum of squares"},
+      {{"SET Optimiser = Particle Swarm", "SET Swarm Size = 0"}, "a swarm of 0 particles"},
   };
   for (const Case& c : cases) {
     SessionFixture run = make();

@@ -85,7 +85,7 @@ class SRQuantMode : public shell::Module {
     run.model = model_of(c, count);
     put_default_parameters(run.model, run.series.data);
     run.user_set = apply_settings(run.model, settings_);
-    if (run.model.eliminations == 1) run.model.half_life_2.fit = run.model.fraction_2.fit = false;
+    hold_unused(run.model);
     keep_reach(run.series, run.model);
     if (!run.series.ok()) return refusal(c, run.series.problem);
     Bounded& initial = run.model.initial;
@@ -144,6 +144,15 @@ class SRQuantMode : public shell::Module {
     model.combination = static_cast<Combination>(c.value<int>(kCombination));
     model.eliminations = c.value<int>(kEliminations) + 1;
     return model;
+  }
+
+  // The parameters the model does not use stay held whatever the user set: an input's
+  // width without spreading, the second elimination with one.
+  static void hold_unused(ResponseModel& model) {
+    for (InputModel& in : model.inputs) {
+      if (in.spreading == Spreading::kNone) in.width.fit = false;
+    }
+    if (model.eliminations == 1) model.half_life_2.fit = model.fraction_2.fit = false;
   }
 
   // The fit's options; its seed is drawn from the session's generator (SEED).

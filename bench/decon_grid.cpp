@@ -1,8 +1,12 @@
 // The detection grid of AutoDecon beside Cluster8: simulated LH-like series at sampling
 // intervals of 5, 10 and 20 min and noise CVs of 5, 10 and 15 %, the same series for
 // both methods. Prints one Markdown table row per cell.
-//   decon_grid [series per cell = 100] [seed = 1] [critical P = 0.05]
+//   decon_grid [series per cell = 100] [seed = 1] [critical P = 0.05] [intervals = 10,20,5]
 #include <fmt/format.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
 
 #include <ctime>
 #include <cstdlib>
@@ -15,11 +19,14 @@ int main(int argc, char** argv) {
   const int series = argc > 1 ? std::atoi(argv[1]) : 100;
   const auto seed = static_cast<std::uint64_t>(argc > 2 ? std::atoll(argv[2]) : 1);
   const double critical_p = argc > 3 ? std::atof(argv[3]) : 0.05;
+  // 10 min first: the cell of the targets; 5 min, the slowest, last.
+  std::vector<double> intervals;
+  std::istringstream list(argc > 4 ? argv[4] : "10,20,5");
+  for (std::string item; std::getline(list, item, ',');) intervals.push_back(std::atof(item.c_str()));
   fmt::print("| interval | CV | AutoDecon sens. | AutoDecon FP | Cluster8 sens. | Cluster8 FP "
              "| HL err. | SD err. | basal err. | mass err. | failed | CPU s / series |\n");
   fmt::print("|---|---|---|---|---|---|---|---|---|---|---|---|\n");
-  // 10 min first: the cell of the targets; 5 min, the slowest, last.
-  for (const double interval : {10.0, 20.0, 5.0}) {
+  for (const double interval : intervals) {
     for (const double cv : {0.05, 0.10, 0.15}) {
       core::Random random(seed);
       const std::clock_t begin = std::clock();  // processor time: the machine is shared

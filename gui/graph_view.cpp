@@ -93,8 +93,8 @@ bool GraphView::load(const std::string& path, std::string& problem) {
     return false;
   }
   source_ = file.readAll().toStdString();
-  graphics::ParsedPlot parsed = graphics::parse_plot(source_, states_);
-  if (!parsed.ok) {
+  graphics::PlotParseResult parsed = graphics::parse_plot(source_, states_);
+  if (!parsed.ok()) {
     problem = path + ": " + parsed.message;
     return false;
   }

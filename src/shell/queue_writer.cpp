@@ -47,7 +47,7 @@ QueueWriteResult write_queue(const QueuePlan& plan) {
   }
   const auto write = [&](const std::string& name, const std::string& text, bool executable) {
     const auto r = core::replace_file(plan.folder / name, text);
-    if (!r.ok) return fail(r.message), false;
+    if (!r.ok()) return fail(r.message), false;
     if (executable) {
       fs::permissions(plan.folder / name,
                       fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
@@ -84,7 +84,7 @@ QueueWriteResult write_queue(const QueuePlan& plan) {
       !write("BQ_jobs.csv", manifest, false) || !write("BQ_jobs.txt", list, false)) {
     return result;
   }
-  result.ok = true;
+  result.status = QueueWriteStatus::kWritten;
   result.jobs = count;
   return result;
 }

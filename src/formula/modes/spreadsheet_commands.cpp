@@ -49,7 +49,7 @@ int spin(const Values& values, Spin s) {
 // A reshaping command and the operation it runs with the spin values.
 struct Operation {
   std::string_view name;
-  SheetStatus (*run)(Grid&, const Values&, core::Random&);
+  SheetResult (*run)(Grid&, const Values&, core::Random&);
 };
 
 constexpr Operation kOperations[] = {
@@ -180,8 +180,8 @@ class SpreadsheetCommands : public shell::CommandHandler {
     const std::string text(core::trim(command.substr(kFunction.size())));
     Grid* g = grid(session);
     if (g == nullptr) return true;
-    const SheetStatus status = assign_formula(*g, text, parser_);
-    if (!status.ok) {
+    const SheetResult status = assign_formula(*g, text, parser_);
+    if (!status.ok()) {
       session.error(status.title, status.lines);
       return true;
     }
@@ -194,8 +194,8 @@ class SpreadsheetCommands : public shell::CommandHandler {
   bool reshape(const Operation& op, shell::Session& session) {
     Grid* g = grid(session);
     if (g == nullptr) return true;
-    const SheetStatus status = op.run(*g, values_, session.random());
-    if (!status.ok) {
+    const SheetResult status = op.run(*g, values_, session.random());
+    if (!status.ok()) {
       session.error(status.title, status.lines);
       return true;
     }

@@ -104,8 +104,8 @@ std::string read_text(const fs::path& file) {
 
 }  // namespace
 
-QueueCollection read_queue_outcomes(const fs::path& folder) {
-  QueueCollection c;
+QueueCollectResult read_queue_outcomes(const fs::path& folder) {
+  QueueCollectResult c;
   std::error_code ec;
   if (!fs::exists(folder / "BQ_jobs.csv", ec)) {
     c.message = "The folder holds no job queue: " + folder.string();
@@ -137,7 +137,7 @@ QueueCollection read_queue_outcomes(const fs::path& folder) {
     job.log = (fs::exists(log, ec) ? log : folder / (job.job + ".out")).string();
     c.jobs.push_back(std::move(job));
   }
-  c.ok = true;
+  c.status = QueueCollectStatus::kRead;
   return c;
 }
 

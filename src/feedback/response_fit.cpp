@@ -88,11 +88,11 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
   const Optimizer o = options.optimizer;
   if (o == Optimizer::kSwarm || o == Optimizer::kSwarmThenNelderMead ||
       o == Optimizer::kSwarmThenLevenbergMarquardt) {
-    const SwarmResult swarm = particle_swarm(
+    const SearchResult swarm = particle_swarm(
         objective, free.start, free.lower, free.upper,
         {options.swarm_size, options.iterations, options.seed, options.parallel});
     result.evaluations += swarm.evaluations;
-    if (swarm.cancelled) {
+    if (!swarm.complete) {
       result.status = ResponseFitStatus::kCancelled;
       result.message = "the fit was cancelled";
       return result;
@@ -100,11 +100,11 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
     x = swarm.best;
   }
   if (o == Optimizer::kNelderMead || o == Optimizer::kSwarmThenNelderMead) {
-    const NelderMeadResult nm = nelder_mead(objective, x, free.lower, free.upper,
+    const SearchResult nm = nelder_mead(objective, x, free.lower, free.upper,
                                             {options.max_evaluations, options.tolerance, options.tolerance});
     result.evaluations += nm.evaluations;
     x = nm.best;
-    if (!nm.converged) {
+    if (!nm.complete) {
       result.status = ResponseFitStatus::kFitFailed;
       result.message = "Nelder-Mead did not converge within its evaluations";
     }

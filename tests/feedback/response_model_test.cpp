@@ -236,7 +236,7 @@ namespace {
 // The grid's only approximation, the piecewise-linear secretion between grid points,
 // measured against a grid twenty times finer: the same input function given at 0.5-min
 // spacing (its own straight lines resampled) shrinks the grid step from 2.5 to 0.125 min.
-TEST(ResponseModelTest, GridErrorFarBelowAssayNoise) {
+TEST(ResponseModelTest, GridErrorWellBelowAssayNoise) {
   Series coarse;
   for (double t = -100; t <= 600; t += 10) {
     coarse.time.push_back(t);

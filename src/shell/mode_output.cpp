@@ -13,10 +13,10 @@ bool replace(const std::filesystem::path& file, const std::optional<std::string>
              std::string_view what, OutputResult& result) {
   if (!text) return false;
   const core::ReplaceResult written = core::replace_file(file, *text);
-  if (!written.ok) {
+  if (!written.ok()) {
     result.message.push_back("The " + std::string(what) + " was not written. " + written.message);
   }
-  return written.ok;
+  return written.ok();
 }
 
 void append(const std::filesystem::path& file, const std::string& text, OutputResult& result) {

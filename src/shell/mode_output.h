@@ -27,6 +27,9 @@ struct ModeOutput {
   data::SummaryRow summary{};            // cells put into the data set's summary row
   // The data set's secretion events are replaced by these, when present.
   std::optional<std::vector<data::SecretionEvent>> events{};
+  // The index in the store of the data set the summary cells and events go on, when it
+  // is not the current one (SRQuant's output data set).
+  std::optional<int> data_set{};
   // The data set's model parameters (answers 1..8) are replaced by these, when present.
   std::optional<std::array<double, data::kModelParameterCount>> model_parameters{};
 

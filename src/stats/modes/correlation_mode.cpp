@@ -8,6 +8,7 @@
 #include "data/conditioner.h"
 #include "stats/modes/correlation_graph.h"
 #include "stats/modes/correlation_listing.h"
+#include "stats/modes/correlation_summary.h"
 #include "stats/modes/paired_series.h"
 
 namespace tidemark::stats {
@@ -32,7 +33,7 @@ std::optional<shell::ModeResult> condition_both(shell::ModuleContext& c, int a_n
   for (const int number : {a_number, b_number}) {
     if (c.store.count() < 2 || number < 1 || number > c.store.count()) return std::nullopt;
     data::DataSet& set = c.store.at(number - 1);
-    if (!data::condition(set, false, c.ui, c.log).ok)
+    if (!data::condition(set, false, c.ui, c.log).ok())
       return shell::ModeResult::failed({fmt::format(
           "Data set {} ({}) did not pass the data conditioner.", number, set.file_name)});
   }
@@ -61,7 +62,8 @@ class CorrelationMode : public shell::Module {
         {.listing = correlation_listing(analysis, s.delta_t),
          .graph = correlation_graph(analysis, *s.a, *s.b, n, s.delta_t),
          .log_lines = {fmt::format("Correlation: A = {}, B = {}, N = {}, max Lag = {}",
-                                   s.a->file_name, s.b->file_name, n, max_lag)}});
+                                   s.a->file_name, s.b->file_name, n, max_lag)},
+         .summary = correlation_summary(analysis)});
   }
 };
 

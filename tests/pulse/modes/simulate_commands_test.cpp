@@ -32,14 +32,14 @@ TEST(SimulateArguments, KeysSetTheModelGridAndNoiseAndTheRestKeepDefaults) {
       {"EVENTS=NONE", 1, {0.1, 0, 4, 45}, false, 0},
   };
   for (const Case& c : cases) {
-    const ParsedSimulate p = parse_simulate_arguments(c.text);
-    ASSERT_TRUE(p.ok) << c.text << ": " << p.message;
+    const SimulateArgumentsResult p = parse_simulate_arguments(c.text);
+    ASSERT_TRUE(p.ok()) << c.text << ": " << p.message;
     EXPECT_EQ(p.request.options.half_lives, c.half_lives) << c.text;
     EXPECT_EQ(p.request.options.fixed, c.fixed) << c.text;
     EXPECT_EQ(p.request.options.draw, c.draw) << c.text;
     EXPECT_EQ(p.request.options.events.size(), c.events) << c.text;
   }
-  const ParsedSimulate p = parse_simulate_arguments("SAMPLES=30 REPS=3 HANDLE=X1 SEED=12");
+  const SimulateArgumentsResult p = parse_simulate_arguments("SAMPLES=30 REPS=3 HANDLE=X1 SEED=12");
   EXPECT_EQ(p.request.options.samples, 30);
   EXPECT_EQ(p.request.options.replicates, 3);
   EXPECT_EQ(p.request.handle, "X1");
@@ -57,8 +57,8 @@ TEST(SimulateArguments, NamesTheWordThatDoesNotRead) {
       {"HL3=100", "SIMULATE: HL3 needs HL2, F2 needs HL2 and F3 needs HL3"},
   };
   for (const auto& [text, message] : cases) {
-    const ParsedSimulate p = parse_simulate_arguments(text);
-    EXPECT_FALSE(p.ok) << text;
+    const SimulateArgumentsResult p = parse_simulate_arguments(text);
+    EXPECT_FALSE(p.ok()) << text;
     EXPECT_EQ(p.message, message);
   }
 }

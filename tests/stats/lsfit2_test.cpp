@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "stats/lsfit2_t_quantile.h"
@@ -69,6 +70,35 @@ TEST(Lsfit2, NoiselessExponentialDecayIsRecoveredFromAFarStart) {
   EXPECT_NEAR(fit.values[0], 5.0, kRecoveryTolerance);
   EXPECT_NEAR(fit.values[1], 0.3, kRecoveryTolerance);
   EXPECT_LT(fit.sum_of_squares, 1e-20);
+}
+
+// A decay rate must be positive: the model fails at k <= 0. From starts whose first
+// Gauss-Newton step overshoots to a negative rate, the plain fit ends with code 1; with
+// failed steps rejected (lambda grows, a shorter step is tried) it reaches the optimum,
+// here the noiseless data's own A = 5, k = 0.3 (the values that made the data). A start
+// outside the region still fails: nothing can be measured there.
+TEST(Lsfit2, RejectingFailedStepsKeepsTheFitInsideTheModelsRegion) {
+  const PointModel positive_rate = [](std::span<const double> p, double x, bool& failed) {
+    failed = p[1] <= 0;
+    return p[0] * std::exp(-p[1] * x);
+  };
+  std::vector<double> x, y;
+  for (int i = 0; i < 20; ++i) {
+    x.push_back(0.5 * i);
+    y.push_back(5.0 * std::exp(-0.3 * x.back()));
+  }
+  const std::pair<double, double> starts[] = {{1, 1}, {1, 5}, {10, 2}, {50, 3}};
+  for (const auto& [a, k] : starts) {
+    const std::vector<FitParameter> start = {{"A", a, true}, {"k", k, true}};
+    EXPECT_EQ(lsfit2({positive_rate, x, y, start}).code, Lsfit2Code::kModelFailed) << a << " " << k;
+    const Lsfit2Result fit = lsfit2({positive_rate, x, y, start, {.reject_failed_steps = true}});
+    ASSERT_EQ(fit.code, Lsfit2Code::kOk) << a << " " << k << ": " << fit.message;
+    EXPECT_NEAR(fit.values[0], 5.0, kRecoveryTolerance);
+    EXPECT_NEAR(fit.values[1], 0.3, kRecoveryTolerance);
+  }
+  const Lsfit2Result outside =
+      lsfit2({positive_rate, x, y, {{"A", 1, true}, {"k", -1, true}}, {.reject_failed_steps = true}});
+  EXPECT_EQ(outside.code, Lsfit2Code::kModelFailed);
 }
 
 struct FailureCase {

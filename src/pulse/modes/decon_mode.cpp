@@ -19,6 +19,7 @@
 #include "pulse/modes/decon_graph.h"
 #include "pulse/modes/decon_listing.h"
 #include "pulse/modes/decon_report.h"
+#include "shell/command_table.h"
 
 namespace tidemark::pulse {
 namespace {
@@ -146,21 +147,16 @@ class DeconMode : public shell::Module {
   }
 
   bool handle(std::string_view command, shell::ModuleContext& c) override {
-    const std::string upper = core::to_upper(core::trim(command));
-    const auto is = [&](std::string_view name) {
-      return upper.starts_with(name) && (upper.size() == name.size() || upper[name.size()] == ' ');
-    };
-    std::string_view rest;
-    std::string_view name;
-    for (const std::string_view n : {kAdd, kRemove, kFix, kFree, kReset}) {
-      if (is(n)) name = n;
-    }
-    if (name.empty() || variant_ != 1) return false;
-    rest = core::trim(std::string_view(upper).substr(name.size()));
-    // A refused command is still recorded, so that a replay meets the same message.
-    const std::string problem = event_command(name, std::string(rest));
-    if (!problem.empty()) c.ui.message("Error Reported by " + std::string(c.mode_name), {problem});
-    return true;
+    if (variant_ != 1) return false;
+    using Command = shell::NamedCommand<DeconMode, shell::ModuleContext>;
+    static constexpr std::array<Command, 5> kCommands{{
+        {kAdd, event_command_handler<&kAdd>},
+        {kRemove, event_command_handler<&kRemove>},
+        {kFix, event_command_handler<&kFix>},
+        {kFree, event_command_handler<&kFree>},
+        {kReset, event_command_handler<&kReset>},
+    }};
+    return shell::dispatch(kCommands, command, *this, c);
   }
 
  private:
@@ -267,6 +263,16 @@ class DeconMode : public shell::Module {
       }
     }
     return output;
+  }
+
+  // The handler of event command *Name in the command table. A refused command is still
+  // recorded, so that a replay meets the same message.
+  template <const std::string_view* Name>
+  static void event_command_handler(std::string_view command, DeconMode& mode,
+                                    shell::ModuleContext& c) {
+    const std::string argument = core::to_upper(shell::command_argument(command, *Name));
+    const std::string problem = mode.event_command(*Name, argument);
+    if (!problem.empty()) c.ui.message("Error Reported by " + std::string(c.mode_name), {problem});
   }
 
   // Carries out one event command; the problem in words, or empty.

@@ -160,7 +160,7 @@ int main(int argc, char** argv) {
   }
   const Errors best = errors(reference, s.truth);
   fmt::print("\nThe minimum (Levenberg-Marquardt from the truth): criterion {:.4f}, delay "
-             "error {:.2f} min, EC50 {:.1f} %, efficacy {:.1f} %: {}. Lowest criterion of "
+             "error {:.2f} min, EC50 {:.2f} %, efficacy {:.2f} %: {}. Lowest criterion of "
              "any fit: {:.4f}.\n\n",
              reference.criterion, best.delay, 100 * best.ec50, 100 * best.efficacy,
              best.success() ? "within the target" : "outside the target", lowest);

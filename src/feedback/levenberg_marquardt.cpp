@@ -66,6 +66,7 @@ LevenbergMarquardtResult levenberg_marquardt(const Residuals& residuals, std::si
   Eigen::VectorXd r, trial_r;
   double s = problem.sum(result.best, r);
   if (!std::isfinite(s)) {
+    result.status = LevenbergMarquardtStatus::kNotEvaluable;
     result.message = "the model cannot be evaluated at the starting values";
     result.evaluations = problem.evaluations;
     return result;
@@ -77,6 +78,7 @@ LevenbergMarquardtResult levenberg_marquardt(const Residuals& residuals, std::si
   bool converged = false;
   while (problem.evaluations < options.max_evaluations) {
     if (fresh && !problem.jacobian(result.best, r, J)) {
+      result.status = LevenbergMarquardtStatus::kNotEvaluable;
       result.message = "the model cannot be evaluated next to the current values";
       break;
     }
@@ -129,8 +131,8 @@ LevenbergMarquardtResult levenberg_marquardt(const Residuals& residuals, std::si
     }
   }
   result.value = s;
-  result.ok = converged;
-  if (!converged && result.message.empty()) {
+  if (!converged && result.ok()) {
+    result.status = LevenbergMarquardtStatus::kNotConverged;
     result.message = "the local method did not converge within its evaluations";
   }
   // Standard errors from the Jacobian at the final point.

@@ -29,13 +29,20 @@ struct LevenbergMarquardtOptions {
   double tolerance = 1e-10;
 };
 
+enum class LevenbergMarquardtStatus {
+  kOk = 0,
+  kNotEvaluable,   // the residuals fail at the start or next to a point reached
+  kNotConverged,   // the evaluation limit came first
+};
+
 struct LevenbergMarquardtResult {
+  LevenbergMarquardtStatus status = LevenbergMarquardtStatus::kOk;
+  std::string message;  // why it failed; empty when ok
   std::vector<double> best;
   std::vector<double> standard_errors;  // NaN for coordinates on a bound or when singular
   double value = 0;                     // S at best
   long evaluations = 0;
-  bool ok = false;
-  std::string message;  // why it failed; empty when ok
+  bool ok() const { return status == LevenbergMarquardtStatus::kOk; }
 };
 
 LevenbergMarquardtResult levenberg_marquardt(const Residuals& residuals, std::size_t count,

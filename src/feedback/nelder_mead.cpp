@@ -137,7 +137,10 @@ SearchResult nelder_mead(const Objective& f, std::span<const double> start,
   result.best = map.to_box(z);
   result.value = value;
   result.evaluations = search.evaluations;
-  result.complete = converged;
+  if (!converged) {
+    result.status = SearchStatus::kNotConverged;
+    result.message = "the simplex did not converge within its evaluations";
+  }
   return result;
 }
 

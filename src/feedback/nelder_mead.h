@@ -24,7 +24,7 @@ struct NelderMeadOptions {
   double absolute = 1e-10;
 };
 
-// complete is false when the evaluation limit came before convergence.
+// kNotConverged when the evaluation limit came before convergence.
 SearchResult nelder_mead(const Objective& f, std::span<const double> start,
                              std::span<const double> lower, std::span<const double> upper,
                              const NelderMeadOptions& options);

@@ -59,7 +59,11 @@ SearchResult particle_swarm(const Objective& f, std::span<const double> start,
           }
         });
     result.evaluations += static_cast<long>(size);
-    if (!finished) return result;
+    if (!finished) {
+      result.status = SearchStatus::kCancelled;
+      result.message = "the swarm was cancelled";
+      return result;
+    }
     for (Particle& particle : swarm) {
       if (particle.value < particle.best_value) {
         particle.best_value = particle.value;
@@ -70,10 +74,7 @@ SearchResult particle_swarm(const Objective& f, std::span<const double> start,
         result.best = particle.x;
       }
     }
-    if (iteration == options.iterations) {
-      result.complete = true;
-      break;
-    }
+    if (iteration == options.iterations) break;
     for (Particle& particle : swarm) {
       for (std::size_t d = 0; d < dim; ++d) {
         const double width = upper[d] - lower[d];

@@ -26,7 +26,7 @@ struct SwarmOptions {
   core::ParallelOptions parallel{};
 };
 
-// complete is false when the progress callback cancelled the search.
+// kCancelled when the progress callback stopped the search.
 SearchResult particle_swarm(const Objective& f, std::span<const double> start,
                            std::span<const double> lower, std::span<const double> upper,
                            const SwarmOptions& options);

@@ -109,7 +109,7 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
         objective, free.start, free.lower, free.upper,
         {options.swarm_size, options.iterations, options.seed, options.parallel});
     result.evaluations += swarm.evaluations;
-    if (!swarm.complete) {
+    if (!swarm.ok()) {
       result.status = ResponseFitStatus::kCancelled;
       result.message = "the fit was cancelled";
       return result;
@@ -125,7 +125,7 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
                                             {options.max_evaluations, options.tolerance, options.tolerance});
     result.evaluations += nm.evaluations;
     x = nm.best;
-    if (!nm.complete) {
+    if (!nm.ok()) {
       result.status = ResponseFitStatus::kFitFailed;
       result.message = "Nelder-Mead did not converge within its evaluations";
     }
@@ -139,7 +139,7 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
     result.evaluations += lm.evaluations;
     x = lm.best;
     errors = lm.standard_errors;
-    if (!lm.ok) {
+    if (!lm.ok()) {
       result.status = ResponseFitStatus::kFitFailed;
       result.message = "Levenberg-Marquardt: " + lm.message;
     }

@@ -48,12 +48,14 @@ TEST(OptimizersTest, SwarmDependsOnSeedNotOnThreads) {
 TEST(OptimizersTest, SwarmStopsWhenCancelled) {
   SwarmOptions options{20, 100, 1, {}};
   options.parallel.progress = [](long, long) { return false; };
-  EXPECT_FALSE(particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, options).complete);
+  const SearchResult r = particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, options);
+  EXPECT_EQ(r.status, SearchStatus::kCancelled);
+  EXPECT_FALSE(r.message.empty());
 }
 
 TEST(OptimizersTest, NelderMeadRosenbrockAndBoundedBowl) {
   const SearchResult r = nelder_mead(rosenbrock, std::vector<double>{-1.2, 1}, kLow, kHigh, {});
-  EXPECT_TRUE(r.complete);
+  EXPECT_TRUE(r.ok()) << r.message;
   EXPECT_NEAR(r.best[0], 1, 1e-4);
   EXPECT_NEAR(r.best[1], 1, 2e-4);
   const std::vector<double> low = {0, 0}, high = {2, 2};
@@ -72,7 +74,7 @@ TEST(OptimizersTest, LevenbergMarquardtRosenbrockAndBoundedBowl) {
   };
   const LevenbergMarquardtResult r =
       levenberg_marquardt(rosen, 2, std::vector<double>{-1.2, 1}, kLow, kHigh, {});
-  ASSERT_TRUE(r.ok) << r.message;
+  ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_NEAR(r.best[0], 1, 1e-6);
   EXPECT_NEAR(r.best[1], 1, 1e-6);
   const Residuals bowl = [](std::span<const double> v, std::span<double> r2) {
@@ -83,7 +85,7 @@ TEST(OptimizersTest, LevenbergMarquardtRosenbrockAndBoundedBowl) {
   const std::vector<double> low = {0, 0}, high = {2, 2};
   const LevenbergMarquardtResult b =
       levenberg_marquardt(bowl, 2, std::vector<double>{1, 1}, low, high, {});
-  ASSERT_TRUE(b.ok) << b.message;
+  ASSERT_TRUE(b.ok()) << b.message;
   EXPECT_DOUBLE_EQ(b.best[0], 2);
   EXPECT_DOUBLE_EQ(b.best[1], 0);
   EXPECT_TRUE(std::isnan(b.standard_errors[0]));  // on a bound: no standard error
@@ -99,9 +101,38 @@ TEST(OptimizersTest, LevenbergMarquardtStandardErrorOfAMean) {
   const LevenbergMarquardtResult r =
       levenberg_marquardt(mean, 4, std::vector<double>{0}, std::vector<double>{-10},
                           std::vector<double>{10}, {});
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_NEAR(r.best[0], 2.5, 1e-9);
   EXPECT_NEAR(r.standard_errors[0], std::sqrt(5.0 / 12), 1e-6);
+}
+
+// The early ends, each with its status and a message, and the best point kept: a
+// simplex given 10 evaluations on Rosenbrock cannot converge (it needs about 200 from
+// this start), nor can Levenberg-Marquardt in 3 (one Jacobian alone takes 4); residuals
+// that fail at the start leave nothing to fit.
+TEST(OptimizersTest, EarlyEndsSayWhy) {
+  const SearchResult nm =
+      nelder_mead(rosenbrock, std::vector<double>{-1.2, 1}, kLow, kHigh, {10, 1e-10, 1e-10});
+  EXPECT_EQ(nm.status, SearchStatus::kNotConverged);
+  EXPECT_FALSE(nm.message.empty());
+  EXPECT_EQ(nm.best.size(), 2u);
+
+  const Residuals line = [](std::span<const double> v, std::span<double> r) {
+    r[0] = 1 - v[0];
+    r[1] = 10 * (v[1] - v[0] * v[0]);
+    return true;
+  };
+  const LevenbergMarquardtResult short_run =
+      levenberg_marquardt(line, 2, std::vector<double>{-1.2, 1}, kLow, kHigh, {3, 1e-10});
+  EXPECT_EQ(short_run.status, LevenbergMarquardtStatus::kNotConverged);
+  EXPECT_FALSE(short_run.message.empty());
+
+  const Residuals broken = [](std::span<const double>, std::span<double>) { return false; };
+  const LevenbergMarquardtResult none =
+      levenberg_marquardt(broken, 2, std::vector<double>{0, 0}, kLow, kHigh, {});
+  EXPECT_EQ(none.status, LevenbergMarquardtStatus::kNotEvaluable);
+  EXPECT_FALSE(none.ok());
+  EXPECT_NE(none.message.find("starting values"), std::string::npos);
 }
 
 }  // namespace

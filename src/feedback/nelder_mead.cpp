@@ -114,7 +114,7 @@ std::pair<std::vector<double>, double> simplex_search(Search& search, std::vecto
 
 }  // namespace
 
-NelderMeadResult nelder_mead(const Objective& f, std::span<const double> start,
+SearchResult nelder_mead(const Objective& f, std::span<const double> start,
                              std::span<const double> lower, std::span<const double> upper,
                              const NelderMeadOptions& options) {
   const SineMap map{lower, upper};
@@ -133,11 +133,11 @@ NelderMeadResult nelder_mead(const Objective& f, std::span<const double> start,
     value = value2;
     if (!helped || !again) break;
   }
-  NelderMeadResult result;
+  SearchResult result;
   result.best = map.to_box(z);
   result.value = value;
   result.evaluations = search.evaluations;
-  result.converged = converged;
+  result.complete = converged;
   return result;
 }
 

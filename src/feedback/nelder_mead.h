@@ -14,7 +14,7 @@
 #include <span>
 #include <vector>
 
-#include "feedback/particle_swarm.h"
+#include "feedback/objective.h"
 
 namespace tidemark::feedback {
 
@@ -24,14 +24,8 @@ struct NelderMeadOptions {
   double absolute = 1e-10;
 };
 
-struct NelderMeadResult {
-  std::vector<double> best;
-  double value = 0;
-  long evaluations = 0;
-  bool converged = false;
-};
-
-NelderMeadResult nelder_mead(const Objective& f, std::span<const double> start,
+// complete is false when the evaluation limit came before convergence.
+SearchResult nelder_mead(const Objective& f, std::span<const double> start,
                              std::span<const double> lower, std::span<const double> upper,
                              const NelderMeadOptions& options);
 

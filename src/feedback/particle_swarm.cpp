@@ -20,7 +20,7 @@ struct Particle {
 
 }  // namespace
 
-SwarmResult particle_swarm(const Objective& f, std::span<const double> start,
+SearchResult particle_swarm(const Objective& f, std::span<const double> start,
                            std::span<const double> lower, std::span<const double> upper,
                            const SwarmOptions& options) {
   const std::size_t dim = start.size();
@@ -38,7 +38,7 @@ SwarmResult particle_swarm(const Objective& f, std::span<const double> start,
     }
   }
 
-  SwarmResult result;
+  SearchResult result;
   result.best.assign(start.begin(), start.end());
   result.value = std::numeric_limits<double>::infinity();
   const long total = static_cast<long>(size) * (options.iterations + 1);
@@ -59,10 +59,7 @@ SwarmResult particle_swarm(const Objective& f, std::span<const double> start,
           }
         });
     result.evaluations += static_cast<long>(size);
-    if (!finished) {
-      result.cancelled = true;
-      return result;
-    }
+    if (!finished) return result;
     for (Particle& particle : swarm) {
       if (particle.value < particle.best_value) {
         particle.best_value = particle.value;
@@ -73,7 +70,10 @@ SwarmResult particle_swarm(const Objective& f, std::span<const double> start,
         result.best = particle.x;
       }
     }
-    if (iteration == options.iterations) break;
+    if (iteration == options.iterations) {
+      result.complete = true;
+      break;
+    }
     for (Particle& particle : swarm) {
       for (std::size_t d = 0; d < dim; ++d) {
         const double width = upper[d] - lower[d];

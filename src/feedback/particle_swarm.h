@@ -12,17 +12,12 @@
 // generation are shared among threads and the bests are updated in particle order, so
 // the result depends on the seed alone, never on the thread count.
 #include <cstdint>
-#include <functional>
 #include <span>
-#include <vector>
 
 #include "core/parallel.h"
+#include "feedback/objective.h"
 
 namespace tidemark::feedback {
-
-// The function to minimise at a point of the box; +inf where it cannot be evaluated.
-// Called concurrently from several threads: it must not change shared state.
-using Objective = std::function<double(std::span<const double> x)>;
 
 struct SwarmOptions {
   int size = 40;
@@ -31,14 +26,8 @@ struct SwarmOptions {
   core::ParallelOptions parallel{};
 };
 
-struct SwarmResult {
-  std::vector<double> best;
-  double value = 0;
-  long evaluations = 0;
-  bool cancelled = false;
-};
-
-SwarmResult particle_swarm(const Objective& f, std::span<const double> start,
+// complete is false when the progress callback cancelled the search.
+SearchResult particle_swarm(const Objective& f, std::span<const double> start,
                            std::span<const double> lower, std::span<const double> upper,
                            const SwarmOptions& options);
 

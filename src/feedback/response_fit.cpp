@@ -56,6 +56,23 @@ bool standardised_residuals(const ResponseModel& model, const ResponseData& data
   return true;
 }
 
+// The local methods run on the calling thread: every 100 evaluations they report to the
+// progress callback (evaluations done out of the limit) and stop when it answers false;
+// once cancelled, every further evaluation fails at once, which ends either method.
+struct LocalProgress {
+  const core::ParallelOptions& parallel;
+  long limit = 0;
+  long count = 0;
+  bool cancelled = false;
+
+  bool go_on() {
+    if (!cancelled && parallel.progress && ++count % 100 == 0 && !parallel.progress(count, limit)) {
+      cancelled = true;
+    }
+    return !cancelled;
+  }
+};
+
 bool ends_with_lm(Optimizer o) {
   return o == Optimizer::kLevenbergMarquardt || o == Optimizer::kSwarmThenLevenbergMarquardt;
 }
@@ -88,30 +105,34 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
   const Optimizer o = options.optimizer;
   if (o == Optimizer::kSwarm || o == Optimizer::kSwarmThenNelderMead ||
       o == Optimizer::kSwarmThenLevenbergMarquardt) {
-    const SwarmResult swarm = particle_swarm(
+    const SearchResult swarm = particle_swarm(
         objective, free.start, free.lower, free.upper,
         {options.swarm_size, options.iterations, options.seed, options.parallel});
     result.evaluations += swarm.evaluations;
-    if (swarm.cancelled) {
+    if (!swarm.complete) {
       result.status = ResponseFitStatus::kCancelled;
       result.message = "the fit was cancelled";
       return result;
     }
     x = swarm.best;
   }
+  LocalProgress local{options.parallel, options.max_evaluations};
   if (o == Optimizer::kNelderMead || o == Optimizer::kSwarmThenNelderMead) {
-    const NelderMeadResult nm = nelder_mead(objective, x, free.lower, free.upper,
+    const Objective watched = [&](std::span<const double> v) {
+      return local.go_on() ? objective(v) : kInf;
+    };
+    const SearchResult nm = nelder_mead(watched, x, free.lower, free.upper,
                                             {options.max_evaluations, options.tolerance, options.tolerance});
     result.evaluations += nm.evaluations;
     x = nm.best;
-    if (!nm.converged) {
+    if (!nm.complete) {
       result.status = ResponseFitStatus::kFitFailed;
       result.message = "Nelder-Mead did not converge within its evaluations";
     }
   }
   if (ends_with_lm(o)) {
     const Residuals residuals = [&](std::span<const double> v, std::span<double> z) {
-      return standardised_residuals(model, data, free.whole(v), z);
+      return local.go_on() && standardised_residuals(model, data, free.whole(v), z);
     };
     const LevenbergMarquardtResult lm = levenberg_marquardt(
         residuals, n, x, free.lower, free.upper, {options.max_evaluations, options.tolerance});
@@ -124,6 +145,11 @@ ResponseFitResult fit_response(const ResponseModel& model, const ResponseData& d
     }
   }
 
+  if (local.cancelled) {
+    result.status = ResponseFitStatus::kCancelled;
+    result.message = "the fit was cancelled";
+    return result;
+  }
   result.values = free.whole(x);
   result.standard_errors.assign(result.values.size(), kNaN);
   for (std::size_t k = 0; k < free.index.size(); ++k) {

@@ -17,15 +17,20 @@ namespace fs = std::filesystem;
 namespace {
 
 // The analysis that owns a summary-book column (docs/file-formats.md): the deconvolution
-// B to I, ApEn Q to AJ, Cosine AK to AP, Cluster8 AQ to BM, Periodic BN to BX, SRQuant BY
-// to DG; "" for the file name and unowned columns.
+// B to I, ApEn Q to AJ, Cosine AK to AP, Cluster8 AQ to BM, Periodic BN to BX, SRQuant
+// BY to CW, Concordance DA to DF, Correlation DG to DO, Gold_Method DP to DT, X_ApEn DU
+// to EJ; "" for the file name and unowned columns.
 std::string_view column_mode(int column) {
   if (column >= 2 && column <= 9) return "Decon";
   if (column >= 17 && column <= 36) return "ApEn";
   if (column >= 37 && column <= 42) return "Cosine";
   if (column >= 43 && column <= 65) return "Cluster8";
   if (column >= 66 && column <= 76) return "Periodic";
-  if (column >= 77 && column <= 111) return "SRQuant";
+  if (column >= 77 && column <= 101) return "SRQuant";
+  if (column >= 105 && column <= 110) return "Concordance";
+  if (column >= 111 && column <= 119) return "Correlation";
+  if (column >= 120 && column <= 124) return "Gold_Method";
+  if (column >= 125 && column <= 140) return "X_ApEn";
   return "";
 }
 

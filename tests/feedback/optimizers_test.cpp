@@ -24,7 +24,7 @@ double outside_bowl(std::span<const double> v) {
 const std::vector<double> kLow = {-2, -1}, kHigh = {2, 3};
 
 TEST(OptimizersTest, SwarmFindsRosenbrockValley) {
-  const SwarmResult r = particle_swarm(rosenbrock, std::vector<double>{-1.5, 2.5}, kLow, kHigh,
+  const SearchResult r = particle_swarm(rosenbrock, std::vector<double>{-1.5, 2.5}, kLow, kHigh,
                                        {40, 300, 7, {}});
   EXPECT_NEAR(r.best[0], 1, 1e-3);
   EXPECT_NEAR(r.best[1], 1, 2e-3);
@@ -36,8 +36,8 @@ TEST(OptimizersTest, SwarmDependsOnSeedNotOnThreads) {
   one.parallel.threads = 1;
   SwarmOptions four = one;
   four.parallel.threads = 4;
-  const SwarmResult a = particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, one);
-  const SwarmResult b = particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, four);
+  const SearchResult a = particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, one);
+  const SearchResult b = particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, four);
   EXPECT_EQ(a.best, b.best);
   EXPECT_EQ(a.value, b.value);
   SwarmOptions other = one;
@@ -48,16 +48,16 @@ TEST(OptimizersTest, SwarmDependsOnSeedNotOnThreads) {
 TEST(OptimizersTest, SwarmStopsWhenCancelled) {
   SwarmOptions options{20, 100, 1, {}};
   options.parallel.progress = [](long, long) { return false; };
-  EXPECT_TRUE(particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, options).cancelled);
+  EXPECT_FALSE(particle_swarm(rosenbrock, std::vector<double>{0, 0}, kLow, kHigh, options).complete);
 }
 
 TEST(OptimizersTest, NelderMeadRosenbrockAndBoundedBowl) {
-  const NelderMeadResult r = nelder_mead(rosenbrock, std::vector<double>{-1.2, 1}, kLow, kHigh, {});
-  EXPECT_TRUE(r.converged);
+  const SearchResult r = nelder_mead(rosenbrock, std::vector<double>{-1.2, 1}, kLow, kHigh, {});
+  EXPECT_TRUE(r.complete);
   EXPECT_NEAR(r.best[0], 1, 1e-4);
   EXPECT_NEAR(r.best[1], 1, 2e-4);
   const std::vector<double> low = {0, 0}, high = {2, 2};
-  const NelderMeadResult b = nelder_mead(outside_bowl, std::vector<double>{1, 1}, low, high, {});
+  const SearchResult b = nelder_mead(outside_bowl, std::vector<double>{1, 1}, low, high, {});
   EXPECT_NEAR(b.best[0], 2, 1e-6);
   EXPECT_NEAR(b.best[1], 0, 1e-6);
   EXPECT_NEAR(b.value, 2, 1e-9);

@@ -113,6 +113,17 @@ TEST(ResponseFitTest, ResultDependsOnSeedNotOnThreads) {
   EXPECT_EQ(a.criterion, b.criterion);
 }
 
+TEST(ResponseFitTest, CancelStopsEveryOptimizer) {
+  const Case c = one_input_case();
+  for (const Optimizer o : {Optimizer::kSwarm, Optimizer::kNelderMead, Optimizer::kLevenbergMarquardt}) {
+    ResponseFitOptions options = quick(o);
+    options.parallel.progress = [](long, long) { return false; };
+    const ResponseFitResult r = fit_response(c.model, c.data, options);
+    EXPECT_EQ(r.status, ResponseFitStatus::kCancelled);
+    EXPECT_TRUE(r.values.empty());
+  }
+}
+
 TEST(ResponseFitTest, OtherCriteriaWithNelderMead) {
   // Least absolute and min-max are not smooth at the truth, where both are 0: the chain
   // must get most of the way there and place the delay within one sampling interval.

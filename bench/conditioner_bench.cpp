@@ -50,7 +50,7 @@ void BM_Condition(benchmark::State& state, Shape shape) {
     tidemark::ui::MemoryLog log;
     state.ResumeTiming();
     const auto result = tidemark::data::condition(set, true, ui, log);
-    if (!result.ok) state.SkipWithError(result.message.c_str());
+    if (!result.ok()) state.SkipWithError(result.message.c_str());
     benchmark::DoNotOptimize(set.x().data());
   }
   state.SetItemsProcessed(state.iterations() * kPoints);

@@ -58,7 +58,7 @@ BENCHMARK(BM_WindowShown)->Unit(benchmark::kMillisecond)->UseRealTime();
 // paints the widget as the screen would).
 void BM_GraphViewResize(benchmark::State& state) {
   application();
-  graphics::ParsedPlot parsed =
+  graphics::PlotParseResult parsed =
       graphics::parse_plot(bench_support::three_panel_source(static_cast<int>(state.range(0))));
   gui::GraphCanvas canvas;
   canvas.set_plot(std::move(parsed.plot));

@@ -59,7 +59,7 @@ void BM_ReadNativeFile(benchmark::State& state) {
   std::int64_t lines = 0;
   for (auto _ : state) {
     const auto result = tidemark::data::read_native_file(file.path());
-    if (!result.ok) state.SkipWithError("read failed");
+    if (!result.ok()) state.SkipWithError("read failed");
     lines += result.set.size() + 2;  // the points and the two keyword lines
   }
   state.SetItemsProcessed(lines);

@@ -17,9 +17,9 @@ using bench_support::three_panel_source;
 
 void BM_RenderThreePanelPng(benchmark::State& state) {
   const int per_panel = static_cast<int>(state.range(0));
-  const graphics::ParsedPlot parsed = graphics::parse_plot(three_panel_source(per_panel));
+  const graphics::PlotParseResult parsed = graphics::parse_plot(three_panel_source(per_panel));
   for (auto _ : state) {
-    const render::Rendered r = render::render(parsed.plot, render::Format::kPng, {});
+    const render::RenderResult r = render::render(parsed.plot, render::Format::kPng, {});
     benchmark::DoNotOptimize(r.bytes.data());
   }
   state.SetItemsProcessed(state.iterations() * 3 * per_panel);
@@ -30,7 +30,7 @@ BENCHMARK(BM_RenderThreePanelPng)->Arg(3334)->Arg(10000)->Unit(benchmark::kMilli
 void BM_ParseThreePanelSource(benchmark::State& state) {
   const std::string source = three_panel_source(3334);
   for (auto _ : state) {
-    const graphics::ParsedPlot parsed = graphics::parse_plot(source);
+    const graphics::PlotParseResult parsed = graphics::parse_plot(source);
     benchmark::DoNotOptimize(parsed.plot.panels.data());
   }
   state.SetBytesProcessed(state.iterations() * static_cast<long>(source.size()));

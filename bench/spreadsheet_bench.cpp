@@ -30,7 +30,7 @@ void BM_AssignFormulaToColumn(benchmark::State& state) {
     state.ResumeTiming();
     const auto status =
         tidemark::formula::assign_formula(grid, "SEM = 0.05*CONC + sqrt(TIME)/1000 - N*0", parser);
-    benchmark::DoNotOptimize(status.ok);
+    benchmark::DoNotOptimize(status.ok());
   }
   state.SetItemsProcessed(state.iterations() * kRows);
 }
@@ -42,7 +42,7 @@ void BM_AverageInBinsOfTwo(benchmark::State& state) {
     state.PauseTiming();
     Grid grid = original;
     state.ResumeTiming();
-    benchmark::DoNotOptimize(tidemark::formula::average_rows(grid, 2).ok);
+    benchmark::DoNotOptimize(tidemark::formula::average_rows(grid, 2).ok());
   }
   state.SetItemsProcessed(state.iterations() * kRows);
 }

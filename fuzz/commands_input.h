@@ -71,8 +71,8 @@ inline bool cycles_bounded(std::string_view line) {
 inline bool samples_bounded(std::string_view line) {
   const std::string_view command = core::trim(line);
   if (!shell::command_is(command, "SIMULATE")) return true;
-  const pulse::ParsedSimulate parsed = pulse::parse_simulate_arguments(command.substr(8));
-  return !parsed.ok || parsed.request.options.samples <= kMaxSamples;
+  const pulse::SimulateArgumentsResult parsed = pulse::parse_simulate_arguments(command.substr(8));
+  return !parsed.ok() || parsed.request.options.samples <= kMaxSamples;
 }
 
 inline bool file_name(std::string_view name) {

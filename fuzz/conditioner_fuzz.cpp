@@ -87,10 +87,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   for (const auto& column : set.columns) check(int(column.size()) == set.size());
   check(set.size() >= before && set.size() <= 3 * std::max(before, 1));
-  check(result.ok == result.message.empty());
+  check(result.ok() == result.message.empty());
   for (const auto& line : log.lines()) check(line.starts_with("DATA_CONDITIONER: "));
   for (int c = 0; c < 4; ++c) check(!set.headers[c].empty());
-  if (result.ok) {
+  if (result.ok()) {
     const auto& x = set.x();
     check(std::is_sorted(x.begin() + set.first_point() - 1, x.begin() + set.last_point()));
   }

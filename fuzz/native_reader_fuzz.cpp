@@ -36,13 +36,13 @@ NativeReadResult read_text(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const NativeReadResult first = read_text(std::string(reinterpret_cast<const char*>(data), size));
-  if (!first.ok) return 0;
+  if (!first.ok()) return 0;
   (void)tidemark::data::csv_text(first.set);
   const std::string written = tidemark::data::native_text(first.set);
   const NativeReadResult second = read_text(written);
-  if (!second.ok || second.set.size() != first.set.size()) std::abort();
+  if (!second.ok() || second.set.size() != first.set.size()) std::abort();
   const std::string rewritten = tidemark::data::native_text(second.set);
   const NativeReadResult third = read_text(rewritten);
-  if (!third.ok || tidemark::data::native_text(third.set) != rewritten) std::abort();
+  if (!third.ok() || tidemark::data::native_text(third.set) != rewritten) std::abort();
   return 0;
 }

@@ -16,16 +16,16 @@
 namespace {
 
 using tidemark::graphics::OptionStates;
-using tidemark::graphics::ParsedPlot;
+using tidemark::graphics::PlotParseResult;
 
 void check(bool invariant) {
   if (!invariant) std::abort();
 }
 
-void check_outcome(const ParsedPlot& p, std::string_view source) {
+void check_outcome(const PlotParseResult& p, std::string_view source) {
   std::set<std::string> labels;
   for (const auto& option : p.options) check(labels.insert(option.label).second);
-  if (!p.ok) {
+  if (!p.ok()) {
     const std::size_t lines =
         static_cast<std::size_t>(std::count(source.begin(), source.end(), '\n')) + 1;
     check(p.message.rfind("line ", 0) == 0 && p.line >= 1 &&
@@ -39,14 +39,14 @@ void check_outcome(const ParsedPlot& p, std::string_view source) {
     }
   }
   const tidemark::render::RenderOptions small{.width = 72, .height = 72, .dpi = 36};
-  check(tidemark::render::render(p.plot, tidemark::render::Format::kPng, small).ok);
+  check(tidemark::render::render(p.plot, tidemark::render::Format::kPng, small).ok());
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view source(reinterpret_cast<const char*>(data), size);
-  const ParsedPlot first = tidemark::graphics::parse_plot(source);
+  const PlotParseResult first = tidemark::graphics::parse_plot(source);
   check_outcome(first, source);
   OptionStates flipped;
   for (const auto& option : first.options) flipped[option.label] = !option.default_checked;

@@ -101,8 +101,8 @@ bool GraphView::load(const std::string& path, std::string& problem) {
 }
 
 bool GraphView::show_source(std::string& problem) {
-  graphics::ParsedPlot parsed = graphics::parse_plot(source_, states_);
-  if (!parsed.ok) {
+  graphics::PlotParseResult parsed = graphics::parse_plot(source_, states_);
+  if (!parsed.ok()) {
     problem = parsed.message;
     return false;
   }

@@ -40,8 +40,8 @@ File create_temporary(const std::filesystem::path& target, std::filesystem::path
   return nullptr;
 }
 
-ReplaceResult failure(std::string message) {
-  return {false, std::move(message)};
+ReplaceResult failure(ReplaceStatus status, std::string message) {
+  return {status, std::move(message)};
 }
 
 }  // namespace
@@ -51,6 +51,7 @@ ReplaceResult replace_file(const std::filesystem::path& target, std::string_view
   File file = create_temporary(target, temporary);
   if (!file) {
     return failure(
+        ReplaceStatus::kNotCreated,
         fmt::format("Cannot create a file beside {}: {}", target.string(), std::strerror(errno)));
   }
   const bool written =
@@ -61,16 +62,17 @@ ReplaceResult replace_file(const std::filesystem::path& target, std::string_view
   std::error_code ignored;
   if (!written || !closed) {
     std::filesystem::remove(temporary, ignored);
-    return failure(fmt::format("Cannot write {}: {}", target.string(),
+    return failure(ReplaceStatus::kNotWritten, fmt::format("Cannot write {}: {}", target.string(),
                                std::strerror(written ? errno : write_error)));
   }
   std::error_code ec;
   std::filesystem::rename(temporary, target, ec);
   if (ec) {
     std::filesystem::remove(temporary, ignored);
-    return failure(fmt::format("Cannot replace {}: {}", target.string(), ec.message()));
+    return failure(ReplaceStatus::kNotRenamed,
+                   fmt::format("Cannot replace {}: {}", target.string(), ec.message()));
   }
-  return {true, {}};
+  return {ReplaceStatus::kReplaced, {}};
 }
 
 }  // namespace tidemark::core

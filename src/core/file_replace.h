@@ -5,16 +5,22 @@
 // the rename itself replaces it in one step.
 //
 //   const auto r = core::replace_file("series_.dat", text);
-//   if (!r.ok) report(r.message);
+//   if (!r.ok()) report(r.message);
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace tidemark::core {
 
+// How a replacement ended: the target replaced, or the step that failed (the target
+// then is as it was).
+enum class ReplaceStatus { kReplaced, kNotCreated, kNotWritten, kNotRenamed };
+
 struct ReplaceResult {
-  bool ok = false;
+  ReplaceStatus status = ReplaceStatus::kNotCreated;
   std::string message;  // why the file could not be written; empty on success
+
+  bool ok() const { return status == ReplaceStatus::kReplaced; }
 };
 
 // Writes `content` byte for byte as the whole new contents of `target`. Fails, leaving

@@ -83,7 +83,7 @@ struct Messages {
       ui.message(kSeriousErrorTitle, refusal.lines);
       note(fmt::format("{}: {}", kSeriousErrorTitle, refusal.log_text));
     }
-    return {false, refusal.lines.front()};
+    return {ConditionStatus::kSeriousError, refusal.lines.front()};
   }
 };
 

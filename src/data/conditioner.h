@@ -14,11 +14,16 @@ inline constexpr std::string_view kSeriousErrorTitle = "Serious error in data se
 // Title of the constant-coefficient-of-variation warning.
 inline constexpr std::string_view kBadVarianceTitle = "Bad Variance Model";
 
-// Whether the calling analysis may run. On failure `message` is the first line of the
-// serious error that was shown and logged.
+// Whether the calling analysis may run: the set conditioned, or refused for a serious
+// error. On refusal `message` is the first line of the serious error that was shown and
+// logged.
+enum class ConditionStatus { kConditioned, kSeriousError };
+
 struct ConditionResult {
-  bool ok = true;
+  ConditionStatus status = ConditionStatus::kConditioned;
   std::string message;
+
+  bool ok() const { return status == ConditionStatus::kConditioned; }
 };
 
 // Conditions `set` in place, in this order:

@@ -89,7 +89,7 @@ NativeReadResult NativeParser::finish(int preprocessor_errors) && {
     result_.messages.push_back({std::string(kPreprocessorErrorTitle), std::move(shown)});
   }
   result_.log.push_back(fmt::format("{} data points read", result_.set.size()));
-  result_.ok = true;
+  result_.status = NativeReadStatus::kRead;
   return std::move(result_);
 }
 

@@ -16,12 +16,18 @@ struct MessageBox {
   std::vector<std::string> lines;
 };
 
+// How a read ended: the record complete, so that it may be appended to the store, or
+// failed (the one message box says why).
+enum class NativeReadStatus { kRead, kFailed };
+
 struct NativeReadResult {
-  bool ok = false;  // the record is complete and may be appended to the store
+  NativeReadStatus status = NativeReadStatus::kFailed;
   DataSet set;
   std::vector<MessageBox> messages;  // to show (and log) in this order
   std::vector<std::string> log;      // further lines for the log only
   int preprocessor_errors = 0;
+
+  bool ok() const { return status == NativeReadStatus::kRead; }
 };
 
 // Title and first line of the box of a read that fails.

@@ -38,7 +38,7 @@ bool read_native(Store& store, const std::string& path, ui::Ui& ui, ui::LogSink&
   NativeReadResult result = read_native_file(path, options);
   for (const auto& line : result.log) log.log(line);
   for (const auto& box : result.messages) ui::report(ui, log, box.title, box.lines);
-  if (!result.ok) return false;
+  if (!result.ok()) return false;
   log.log("READ NATIVE MODE FILE " + path);
   store.append(std::move(result.set));
   return true;

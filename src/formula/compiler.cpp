@@ -137,8 +137,8 @@ class Compiler {
     const std::size_t s = minus ? b + 1 : b;
     if (s >= e) return fail(b, e);
     if (starts_number(f_[s])) {
-      const NumberScan number = scan_number(f_.substr(0, e), s);
-      if (!number.ok || number.end != e) return fail(b, e);
+      const NumberScanResult number = scan_number(f_.substr(0, e), s);
+      if (!number.ok() || number.end != e) return fail(b, e);
       emit_.push_constant(number.value);
     } else {
       const int k = variable_number(f_.substr(s, e - s), variables_);

@@ -57,8 +57,8 @@ std::size_t function_name_length(int code) {
   return kFunctionNames[code - kAbs].size();
 }
 
-NumberScan scan_number(std::string_view f, std::size_t j) {
-  NumberScan scan;
+NumberScanResult scan_number(std::string_view f, std::size_t j) {
+  NumberScanResult scan;
   int points = 0;
   const std::size_t digits = scan_mantissa(f, j, scan.end, points);
   bool ok = digits > 0 && points <= 1;
@@ -75,7 +75,8 @@ NumberScan scan_number(std::string_view f, std::size_t j) {
   std::replace_if(
       text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
   const auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), scan.value);
-  scan.ok = ec == std::errc() && ptr == text.data() + text.size();
+  if (ptr != text.data() + text.size()) return scan;
+  scan.status = ec == std::errc() ? NumberScanStatus::kRead : NumberScanStatus::kOutOfRange;
   return scan;
 }
 

@@ -24,13 +24,19 @@ inline bool starts_number(char c) {
 }
 
 // A number read from f[j]: digits with at most one decimal point, then optionally an
-// exponent letter e, E, d or D with an optional sign and at least one digit.
-struct NumberScan {
+// exponent letter e, E, d or D with an optional sign and at least one digit. It is
+// malformed when it breaks that pattern, out of range when its value is beyond double
+// range.
+enum class NumberScanStatus { kRead, kMalformed, kOutOfRange };
+
+struct NumberScanResult {
+  NumberScanStatus status = NumberScanStatus::kMalformed;
   std::size_t end = 0;  // one past the last character that belongs to the number
-  bool ok = false;      // false when malformed or out of double range
   double value = 0.0;   // the value when ok (correctly rounded decimal-to-double)
+
+  bool ok() const { return status == NumberScanStatus::kRead; }
 };
-NumberScan scan_number(std::string_view f, std::size_t j);
+NumberScanResult scan_number(std::string_view f, std::size_t j);
 
 // One past the end of the variable name starting at f[j]: the next character of
 // "+-*/^) " or the end of `f`. The name may be empty.

@@ -16,8 +16,8 @@ namespace {
 constexpr std::size_t kLeftSideLength = 80;
 constexpr const char* kParseErrorTitle = "Function Parse Error";
 
-SheetStatus parse_error(std::vector<std::string> lines) {
-  return SheetStatus::failure(kParseErrorTitle, std::move(lines));
+SheetResult parse_error(std::vector<std::string> lines) {
+  return SheetResult::failure(kParseErrorTitle, std::move(lines));
 }
 
 // A row bound: blank gives `if_blank`, else a whole number written alone.
@@ -61,7 +61,7 @@ struct Target {
 };
 
 std::optional<Target> read_left_side(const Grid& grid, std::string_view text,
-                                     SheetStatus& refusal) {
+                                     SheetResult& refusal) {
   const std::string left(core::trim(core::cut(text, kLeftSideLength)));
   std::string label = left;
   Target target{0, {1, grid.rows()}};
@@ -87,10 +87,10 @@ std::optional<Target> read_left_side(const Grid& grid, std::string_view text,
 
 }  // namespace
 
-SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& parser) {
+SheetResult assign_formula(Grid& grid, std::string_view text, FunctionParser& parser) {
   const std::size_t equal = text.find('=');
   if (equal == std::string_view::npos) return parse_error({"*** No Equal Sign"});
-  SheetStatus refusal;
+  SheetResult refusal;
   const auto target = read_left_side(grid, text.substr(0, equal), refusal);
   if (!target) return refusal;
 
@@ -115,7 +115,7 @@ SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& pa
     }
     results.push_back(parser.evaluate_function(1, row_values));
     if (parser.eval_error_type() != 0) {
-      return SheetStatus::failure(
+      return SheetResult::failure(
           "Function Evaluation Error",
           {std::string(core::rtrim(parser.eval_error_message())), "Row " + std::to_string(r)});
     }
@@ -125,7 +125,7 @@ SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& pa
     grid.set_value(r, target->column, results[static_cast<std::size_t>(r - target->rows.first)]);
     if (core::is_missing(grid.value(r, target->column))) ++stored_missing;
   }
-  SheetStatus status = SheetStatus::success();
+  SheetResult status = SheetResult::success();
   if (stored_missing > 0) {
     status.title = "Data Spread Sheet";
     status.lines = {std::to_string(stored_missing) + " of " +

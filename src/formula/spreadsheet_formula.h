@@ -41,6 +41,6 @@ struct RowRange {
 // assignment that stored some rows as missing (a missing input, a result that is not a
 // number or beyond the column's range) says how many in its lines ("2 of 6 rows were
 // stored as missing ..."), titled "Data Spread Sheet".
-SheetStatus assign_formula(Grid& grid, std::string_view text, FunctionParser& parser);
+SheetResult assign_formula(Grid& grid, std::string_view text, FunctionParser& parser);
 
 }  // namespace tidemark::formula

@@ -23,17 +23,20 @@ inline constexpr std::size_t kLabelLength = 10;
 // whole number (halves away from zero).
 enum class CellKind { kInteger, kReal };
 
-// Outcome of a spreadsheet operation: ok, or a message box (title and lines) that the
-// caller shows; a refused operation has changed nothing. An operation that succeeded
-// may carry a note for the user in its title and lines.
-struct SheetStatus {
-  bool ok = true;
+// Outcome of a spreadsheet operation: done, or refused with a message box (title and
+// lines) that the caller shows; a refused operation has changed nothing. An operation
+// that was done may carry a note for the user in its title and lines.
+enum class SheetStatus { kDone, kRefused };
+
+struct SheetResult {
+  SheetStatus status = SheetStatus::kDone;
   std::string title;
   std::vector<std::string> lines;
 
-  static SheetStatus success() { return {}; }
-  static SheetStatus failure(std::string title, std::vector<std::string> lines) {
-    return {false, std::move(title), std::move(lines)};
+  bool ok() const { return status == SheetStatus::kDone; }
+  static SheetResult success() { return {}; }
+  static SheetResult failure(std::string title, std::vector<std::string> lines) {
+    return {SheetStatus::kRefused, std::move(title), std::move(lines)};
   }
 };
 

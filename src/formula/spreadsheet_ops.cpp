@@ -14,11 +14,11 @@ namespace {
 
 constexpr const char* kTitle = "Data Spread Sheet";
 
-SheetStatus refuse(std::string line) {
-  return SheetStatus::failure(kTitle, {std::move(line)});
+SheetResult refuse(std::string line) {
+  return SheetResult::failure(kTitle, {std::move(line)});
 }
 
-SheetStatus too_few_rows(int kept) {
+SheetResult too_few_rows(int kept) {
   return refuse("The result would keep " + std::to_string(kept) + " rows; at least " +
                 std::to_string(kMinimumRows) + " are needed. Nothing was changed.");
 }
@@ -29,7 +29,7 @@ void clear_crop(data::DataSet& set) {
 }
 
 // Keeps the rows from..to (1-based, inclusive) stepping by `step`.
-SheetStatus keep_rows(Grid& grid, int from, int to, int step) {
+SheetResult keep_rows(Grid& grid, int from, int to, int step) {
   const int kept = (to - from) / step + 1;
   if (kept < kMinimumRows) return too_few_rows(kept);
   for (auto& column : grid.set().columns) {
@@ -38,7 +38,7 @@ SheetStatus keep_rows(Grid& grid, int from, int to, int step) {
     column = std::move(rows);
   }
   clear_crop(grid.set());
-  return SheetStatus::success();
+  return SheetResult::success();
 }
 
 // One column's summary over the rows from..to-1 that `use` marks, skipping its own
@@ -68,7 +68,7 @@ bool follows_concentration(int column) {
 
 }  // namespace
 
-SheetStatus average_rows(Grid& grid, int bin_size) {
+SheetResult average_rows(Grid& grid, int bin_size) {
   if (bin_size < 1) return refuse("Bin Size must be at least 1.");
   const auto n = static_cast<std::size_t>(grid.rows());
   const auto bin = static_cast<std::size_t>(bin_size);
@@ -94,10 +94,10 @@ SheetStatus average_rows(Grid& grid, int bin_size) {
   }
   grid.set().columns = std::move(averaged);
   clear_crop(grid.set());
-  return SheetStatus::success();
+  return SheetResult::success();
 }
 
-SheetStatus select_rows(Grid& grid, int every, int start) {
+SheetResult select_rows(Grid& grid, int every, int start) {
   if (every < 1) return refuse("One every must be at least 1.");
   if (start < 1 || start > grid.rows()) {
     return refuse("points starting at must be a row from 1 to " + std::to_string(grid.rows()) +
@@ -106,11 +106,11 @@ SheetStatus select_rows(Grid& grid, int every, int start) {
   return keep_rows(grid, start, grid.rows(), every);
 }
 
-SheetStatus crop_rows(Grid& grid) {
+SheetResult crop_rows(Grid& grid) {
   return keep_rows(grid, grid.set().first_point(), grid.set().last_point(), 1);
 }
 
-SheetStatus shuffle_rows(Grid& grid, core::Random& random) {
+SheetResult shuffle_rows(Grid& grid, core::Random& random) {
   auto& columns = grid.set().columns;
   for (int i = grid.rows(); i >= 2; --i) {
     const auto j = static_cast<std::size_t>(random.uniform() * i);
@@ -120,16 +120,16 @@ SheetStatus shuffle_rows(Grid& grid, core::Random& random) {
                 columns[static_cast<std::size_t>(c)][j]);
     }
   }
-  return SheetStatus::success();
+  return SheetResult::success();
 }
 
-SheetStatus corrupt_values(Grid& grid, int percent, core::Random& random) {
+SheetResult corrupt_values(Grid& grid, int percent, core::Random& random) {
   if (percent < 0) return refuse("% must not be negative.");
   const double scale = percent / 100.0;
   for (float& y : grid.set().y()) {
     if (!core::is_missing(y)) y = static_cast<float>(y * (1.0 + scale * random.gaussian12()));
   }
-  return SheetStatus::success();
+  return SheetResult::success();
 }
 
 }  // namespace tidemark::formula

@@ -22,23 +22,23 @@ inline constexpr int kMinimumRows = 2;
 // itself (time 0, its SEM, its REPS). A bin without any concentration keeps the mean
 // time of its rows and is missing in CONC, SEM and REPS; a column with no cell that
 // counts is missing there. Needs bin_size >= 1.
-SheetStatus average_rows(Grid& grid, int bin_size);
+SheetResult average_rows(Grid& grid, int bin_size);
 
 // Keeps rows start, start + every, start + 2 every, ... Needs every >= 1 and start in
 // 1..rows.
-SheetStatus select_rows(Grid& grid, int every, int start);
+SheetResult select_rows(Grid& grid, int every, int start);
 
 // Keeps the rows of the crop range (DataSet::first_point() to last_point()).
-SheetStatus crop_rows(Grid& grid);
+SheetResult crop_rows(Grid& grid);
 
 // Permutes the rows at random (Fisher-Yates: for i = n down to 2, swap row i with row
 // 1 + floor(u * i), u uniform on [0, 1)), carrying every column but TIME with its row:
 // the sampling times stay in place and the series is shuffled over them.
-SheetStatus shuffle_rows(Grid& grid, core::Random& random);
+SheetResult shuffle_rows(Grid& grid, core::Random& random);
 
 // Perturbs each non-missing concentration y by Gaussian noise of `percent` per cent of
 // its value: y (1 + percent/100 g), g the approximately Gaussian deviate (sum of twelve
 // uniform deviates minus 6). Needs percent >= 0.
-SheetStatus corrupt_values(Grid& grid, int percent, core::Random& random);
+SheetResult corrupt_values(Grid& grid, int percent, core::Random& random);
 
 }  // namespace tidemark::formula

@@ -61,8 +61,8 @@ class Checker {
   // A number or a variable name at j_; moves past it.
   void check_operand() {
     if (starts_number(f_[j_])) {
-      const NumberScan number = scan_number(f_, j_);
-      if (!number.ok)
+      const NumberScanResult number = scan_number(f_, j_);
+      if (!number.ok())
         report(j_, "Invalid number format:  " + std::string(f_.substr(j_, number.end - j_)));
       j_ = number.end;
       return;

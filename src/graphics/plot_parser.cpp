@@ -10,8 +10,10 @@ namespace tidemark::graphics {
 
 namespace {
 
-ParsedPlot failed(const OptionBlocks& blocks, int line, std::string_view what) {
-  ParsedPlot p;
+PlotParseResult failed(PlotParseStatus status, const OptionBlocks& blocks, int line,
+                       std::string_view what) {
+  PlotParseResult p;
+  p.status = status;
   p.line = line;
   p.message = fmt::format("line {}: {}", line, what);
   p.options = blocks.options();
@@ -29,7 +31,7 @@ std::string_view next_line(std::string_view source, std::size_t& at) {
 
 }  // namespace
 
-ParsedPlot parse_plot(std::string_view source, const OptionStates& states) {
+PlotParseResult parse_plot(std::string_view source, const OptionStates& states) {
   if (source.starts_with("\xEF\xBB\xBF")) source.remove_prefix(3);  // UTF-8 byte order mark
   OptionBlocks blocks(states);
   PlotBuilder builder;
@@ -39,32 +41,35 @@ ParsedPlot parse_plot(std::string_view source, const OptionStates& states) {
     const std::string_view line = next_line(source, at);
     ++number;
     if (line.size() > kMaxSourceLine) {
-      return failed(blocks, number, fmt::format("line longer than {} characters", kMaxSourceLine));
+      return failed(PlotParseStatus::kSyntaxError, blocks, number,
+                    fmt::format("line longer than {} characters", kMaxSourceLine));
     }
     LexedLine lexed = lex_line(line);
-    if (!lexed.error.empty()) return failed(blocks, number, lexed.error);
+    if (!lexed.error.empty()) return failed(PlotParseStatus::kSyntaxError, blocks, number, lexed.error);
     if (lexed.tokens.empty()) continue;
     if (OptionBlocks::is_directive(lexed.tokens)) {
       const std::string error = blocks.directive(lexed.tokens, number);
-      if (!error.empty()) return failed(blocks, number, error);
+      if (!error.empty()) return failed(PlotParseStatus::kBadOptionBlock, blocks, number, error);
       continue;
     }
     ReadStatement read = read_statement(lexed.tokens);
-    if (!read.error.empty()) return failed(blocks, number, read.error);
+    if (!read.error.empty()) {
+      return failed(PlotParseStatus::kSyntaxError, blocks, number, read.error);
+    }
     if (!blocks.active()) continue;
     if (const std::string error = builder.add(std::move(read.statement)); !error.empty()) {
-      return failed(blocks, number, error);
+      return failed(PlotParseStatus::kBadStatement, blocks, number, error);
     }
   }
   int open_line = 0;
   if (const std::string error = blocks.unclosed(open_line); !error.empty()) {
-    return failed(blocks, open_line, error);
+    return failed(PlotParseStatus::kBadOptionBlock, blocks, open_line, error);
   }
   if (const std::string error = builder.finish(); !error.empty()) {
-    return failed(blocks, number, error);
+    return failed(PlotParseStatus::kBadStatement, blocks, number, error);
   }
-  ParsedPlot result;
-  result.ok = true;
+  PlotParseResult result;
+  result.status = PlotParseStatus::kParsed;
   result.plot = std::move(builder.plot());
   result.options = blocks.options();
   return result;

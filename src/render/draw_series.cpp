@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "core/missing.h"
 #include "graphics/panel_extent.h"
@@ -12,16 +13,18 @@ namespace {
 
 using graphics::Series;
 
-// A row's point on the page, when both values can be placed on the frame's axes.
+// A row's point on the page.
 struct Placed {
-  bool ok = false;
   double x = 0;
   double y = 0;
 };
 
-Placed place(const Frame& f, double x, double y) {
-  if (!graphics::drawable_on(f.x.scale, x) || !graphics::drawable_on(f.y.scale, y)) return {};
-  return {true, clamp_coordinate(f.px(x)), clamp_coordinate(f.py(y))};
+// The point, when both values can be placed on the frame's axes.
+std::optional<Placed> place(const Frame& f, double x, double y) {
+  if (!graphics::drawable_on(f.x.scale, x) || !graphics::drawable_on(f.y.scale, y)) {
+    return std::nullopt;
+  }
+  return Placed{clamp_coordinate(f.px(x)), clamp_coordinate(f.py(y))};
 }
 
 // The page y of a value that may not be placeable on a log axis (at or below 0): the
@@ -35,11 +38,11 @@ void draw_bars(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d)
   const double half = graphics::bar_width(s) / 2;
   const double base = f.y.scale == graphics::Scale::kLog ? f.bottom() : clamp_coordinate(f.py(0.0));
   for (std::size_t i = 0; i < s.x.size(); ++i) {
-    const Placed p = place(f, s.x[i], s.y[i]);
-    if (!p.ok) continue;
+    const auto p = place(f, s.x[i], s.y[i]);
+    if (!p) continue;
     const double left = clamp_coordinate(f.px(s.x[i] - half));
     const double right = clamp_coordinate(f.px(s.x[i] + half));
-    cairo_rectangle(cr, left, std::min(p.y, base), right - left, std::abs(base - p.y));
+    cairo_rectangle(cr, left, std::min(p->y, base), right - left, std::abs(base - p->y));
   }
   set_colour(cr, d.rgb, 0.45);
   cairo_fill_preserve(cr);
@@ -54,21 +57,21 @@ void draw_curve(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d
   bool down = false;
   double last_y = 0;
   for (std::size_t i = 0; i < s.x.size(); ++i) {
-    const Placed p = place(f, s.x[i], s.y[i]);
-    if (!p.ok) {
+    const auto p = place(f, s.x[i], s.y[i]);
+    if (!p) {
       down = false;
       continue;
     }
     if (!down) {
-      cairo_move_to(cr, p.x, p.y);
+      cairo_move_to(cr, p->x, p->y);
     } else if (s.style.steps) {
-      cairo_line_to(cr, p.x, last_y);
-      cairo_line_to(cr, p.x, p.y);
+      cairo_line_to(cr, p->x, last_y);
+      cairo_line_to(cr, p->x, p->y);
     } else {
-      cairo_line_to(cr, p.x, p.y);
+      cairo_line_to(cr, p->x, p->y);
     }
     down = true;
-    last_y = p.y;
+    last_y = p->y;
   }
   set_colour(cr, d.rgb);
   set_line(cr, d.dash, d.line_width);
@@ -83,14 +86,14 @@ void draw_error_bars(cairo_t* cr, const Frame& f, const Series& s, const DrawSty
   const double cap = d.symbol == graphics::Symbol::kNone ? 2.0 : 0.4 * d.symbol_size;
   set_colour(cr, d.rgb);
   for (std::size_t i = 0; i < s.x.size(); ++i) {
-    const Placed p = place(f, s.x[i], s.y[i]);
-    if (!p.ok || core::is_missing(s.err[i]) || !std::isfinite(s.err[i])) continue;
+    const auto p = place(f, s.x[i], s.y[i]);
+    if (!p || core::is_missing(s.err[i]) || !std::isfinite(s.err[i])) continue;
     const double e = std::abs(s.err[i]);
     const double top = page_y_or_bottom(f, s.y[i] + e);
     const double bottom = page_y_or_bottom(f, s.y[i] - e);
-    cairo_rectangle(cr, p.x - kWidth / 2, top, kWidth, bottom - top);
-    cairo_rectangle(cr, p.x - cap, top - kWidth / 2, 2 * cap, kWidth);
-    cairo_rectangle(cr, p.x - cap, bottom - kWidth / 2, 2 * cap, kWidth);
+    cairo_rectangle(cr, p->x - kWidth / 2, top, kWidth, bottom - top);
+    cairo_rectangle(cr, p->x - cap, top - kWidth / 2, 2 * cap, kWidth);
+    cairo_rectangle(cr, p->x - cap, bottom - kWidth / 2, 2 * cap, kWidth);
     cairo_fill(cr);
   }
 }
@@ -122,8 +125,8 @@ bool in_area(const Frame& f, const Placed& p) {
 void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle& d) {
   if (cairo_surface_get_type(cairo_get_target(cr)) != CAIRO_SURFACE_TYPE_IMAGE) {
     for (std::size_t i = 0; i < s.x.size(); ++i) {
-      const Placed p = place(f, s.x[i], s.y[i]);
-      if (p.ok && in_area(f, p)) paint_symbol(cr, d, p.x, p.y);
+      const auto p = place(f, s.x[i], s.y[i]);
+      if (p && in_area(f, *p)) paint_symbol(cr, d, p->x, p->y);
     }
     return;
   }
@@ -141,10 +144,10 @@ void draw_symbols(cairo_t* cr, const Frame& f, const Series& s, const DrawStyle&
   cairo_identity_matrix(cr);
   const double half = side / 2;
   for (std::size_t i = 0; i < s.x.size(); ++i) {
-    Placed p = place(f, s.x[i], s.y[i]);
-    if (!p.ok || !in_area(f, p)) continue;
-    cairo_matrix_transform_point(&page, &p.x, &p.y);
-    const double x = std::round(p.x) - half, y = std::round(p.y) - half;
+    auto p = place(f, s.x[i], s.y[i]);
+    if (!p || !in_area(f, *p)) continue;
+    cairo_matrix_transform_point(&page, &p->x, &p->y);
+    const double x = std::round(p->x) - half, y = std::round(p->y) - half;
     cairo_set_source_surface(cr, stamp, x, y);
     cairo_rectangle(cr, x, y, side, side);
     cairo_fill(cr);

@@ -117,10 +117,11 @@ double page_height(const graphics::Plot& plot, const RenderOptions& options) {
   return grown_page(plot, Format::kSvg, options).height;
 }
 
-Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& given) {
-  Rendered r;
-  if (!cairo_ready(r.message)) return r;
+RenderResult render(const graphics::Plot& plot, Format format, const RenderOptions& given) {
+  RenderResult r;
+  if (!cairo_ready(r.message)) return r;  // status kCairoError
   if (!options_valid(given)) {
+    r.status = RenderStatus::kBadOptions;
     r.message = "graph view settings out of range (page size, resolution or font size)";
     return r;
   }
@@ -143,7 +144,7 @@ Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& 
     r.message = fmt::format("the graph could not be drawn: {}", cairo_status_to_string(status));
     return r;
   }
-  r.ok = true;
+  r.status = RenderStatus::kRendered;
   return r;
 }
 

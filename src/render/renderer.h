@@ -4,8 +4,8 @@
 // the same drawing code, on a page options.width points wide and options.height tall,
 // or taller when the graph has many panels (page_height).
 //
-//   const render::Rendered r = render::render(parsed.plot, render::Format::kPng, options);
-//   if (r.ok) core::replace_file("graph.png", r.bytes);
+//   const render::RenderResult r = render::render(parsed.plot, render::Format::kPng, options);
+//   if (r.ok()) core::replace_file("graph.png", r.bytes);
 #include <cairo.h>
 
 #include <string>
@@ -24,14 +24,20 @@ void draw_plot(cairo_t* cr, const graphics::Plot& plot, const RenderOptions& opt
 // so that each plot area keeps a legible height (see grown_page_height in layout.h).
 double page_height(const graphics::Plot& plot, const RenderOptions& options);
 
-struct Rendered {
-  bool ok = false;
+// How a rendering ended: drawn, or refused for options outside their limits, or
+// failed in cairo.
+enum class RenderStatus { kRendered, kBadOptions, kCairoError };
+
+struct RenderResult {
+  RenderStatus status = RenderStatus::kCairoError;
   std::string message{};  // why nothing was rendered; empty on success
   std::string bytes{};    // the file's contents
+
+  bool ok() const { return status == RenderStatus::kRendered; }
 };
 
 // The file of `plot` in `format` on a white page of page_height() points. Fails, with a message,
 // when the options are outside their limits or cairo reports an error.
-Rendered render(const graphics::Plot& plot, Format format, const RenderOptions& options);
+RenderResult render(const graphics::Plot& plot, Format format, const RenderOptions& options);
 
 }  // namespace tidemark::render

@@ -93,7 +93,7 @@ void install_help_documents(Session& session) {
   const std::string wanted = command_summary();
   if (read_file(target, present) && present == wanted) return;
   const auto written = core::replace_file(target, wanted);
-  if (!written.ok) session.files().log("Help: " + written.message);
+  if (!written.ok()) session.files().log("Help: " + written.message);
 }
 
 void show_help(std::string_view command, Session& session) {

@@ -39,7 +39,7 @@ int copy_file(const fs::path& from, const fs::path& to, std::string& reason) {
   }
   errno = 0;
   const core::ReplaceResult written = core::replace_file(to, text);
-  if (written.ok) return 0;
+  if (written.ok()) return 0;
   reason = written.message;
   return errno != 0 ? errno : EIO;
 }

@@ -135,7 +135,7 @@ class GraphView : public CommandHandler {
   bool publish(Session& session) {
     const fs::path& path = session.files().graph_path();
     const core::ReplaceResult r = core::replace_file(path, series_.current());
-    if (!r.ok) {
+    if (!r.ok()) {
       session.error(kTitle, {"The graph file could not be written: " + r.message});
       return false;
     }
@@ -153,8 +153,8 @@ class GraphView : public CommandHandler {
       session.error(kTitle, {"There is no graph to " + std::string(action) + "."});
       return std::nullopt;
     }
-    graphics::ParsedPlot p = graphics::parse_plot(series_.current(), series_.states());
-    if (!p.ok) {
+    graphics::PlotParseResult p = graphics::parse_plot(series_.current(), series_.states());
+    if (!p.ok()) {
       session.error(kTitle, {"READ FAILED", "The current graph: " + p.message});
       return std::nullopt;
     }
@@ -169,8 +169,8 @@ class GraphView : public CommandHandler {
       session.error(kTitle, {"READ FAILED", file + ": the file cannot be read"});
       return false;
     }
-    const graphics::ParsedPlot p = graphics::parse_plot(text, series_.states());
-    if (!p.ok) {
+    const graphics::PlotParseResult p = graphics::parse_plot(text, series_.states());
+    if (!p.ok()) {
       session.error(kTitle, {"READ FAILED", file + ": " + p.message});
       return false;
     }
@@ -191,12 +191,11 @@ class GraphView : public CommandHandler {
                  std::string_view action = "save") {
     const auto plot = current_plot(session, action);
     if (!plot) return false;
-    const render::Rendered r = render::render(*plot, format, settings(session).render);
-    const core::ReplaceResult written =
-        r.ok ? core::replace_file(target, r.bytes) : core::ReplaceResult{false, r.message};
-    if (!written.ok) {
-      session.error(kTitle,
-                    {"The graph could not be written to " + target.string(), written.message});
+    const render::RenderResult r = render::render(*plot, format, settings(session).render);
+    const std::string problem =
+        r.ok() ? core::replace_file(target, r.bytes).message : r.message;
+    if (!problem.empty()) {
+      session.error(kTitle, {"The graph could not be written to " + target.string(), problem});
       return false;
     }
     return true;
@@ -271,7 +270,7 @@ class GraphView : public CommandHandler {
     }
     series_.set_option(label, state == "ON");
     if (!series_.empty()) {
-      const graphics::ParsedPlot p = graphics::parse_plot(series_.current(), series_.states());
+      const graphics::PlotParseResult p = graphics::parse_plot(series_.current(), series_.states());
       const bool known =
           std::any_of(p.options.begin(), p.options.end(),
                       [&](const graphics::PlotOption& o) { return o.label == label; });

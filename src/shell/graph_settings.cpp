@@ -44,7 +44,7 @@ GraphSettings load_graph_settings(const std::filesystem::path& path,
   Registry file;
   const Registry::Load loaded = file.load(path);
   if (loaded == Registry::Load::kMissing) {
-    if (!core::replace_file(path, defaults_text()).ok) {
+    if (!core::replace_file(path, defaults_text()).ok()) {
       problems.push_back("Could not write " + path.string());
     }
     return s;

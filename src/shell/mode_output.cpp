@@ -13,10 +13,10 @@ bool replace(const std::filesystem::path& file, const std::optional<std::string>
              std::string_view what, OutputResult& result) {
   if (!text) return false;
   const core::ReplaceResult written = core::replace_file(file, *text);
-  if (!written.ok) {
+  if (!written.ok()) {
     result.message.push_back("The " + std::string(what) + " was not written. " + written.message);
   }
-  return written.ok;
+  return written.ok();
 }
 
 void append(const std::filesystem::path& file, const std::string& text, OutputResult& result) {
@@ -38,6 +38,7 @@ OutputResult write_output(const ModeOutput& output, const OutputTargets& to) {
   append(to.answers, output.answers, result);
   if (to.data_set != nullptr) {
     for (const auto& [column, cell] : output.summary) to.data_set->summary[column] = cell;
+    if (output.model_parameters) data::set_model_parameters(*to.data_set, *output.model_parameters);
     if (output.events) data::set_secretion_events(*to.data_set, *output.events);
   }
   for (const std::string& line : output.log_lines) to.log.log(line);

@@ -185,7 +185,7 @@ class Frame {
   void save_parameters(std::string_view command) {
     if (settings_.empty()) return session_.ignore(command);
     const auto written = core::replace_file(settings_, settings_text(module_->dialog(), values_));
-    if (!written.ok) return session_.error(error_title(), {written.message});
+    if (!written.ok()) return session_.error(error_title(), {written.message});
     session_.carried_out(core::trim(command),
                          "Parameters saved as default in " + settings_.string());
   }

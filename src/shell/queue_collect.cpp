@@ -17,20 +17,20 @@ namespace fs = std::filesystem;
 namespace {
 
 // The analysis that owns a summary-book column (docs/file-formats.md): the deconvolution
-// B to I, ApEn Q to AJ, Cosine AK to AP, Cluster8 AQ to BM, Periodic BN to BX, SRQuant
-// BY to CW, Concordance DA to DF, Correlation DG to DO, Gold_Method DP to DT, X_ApEn DU
-// to EJ; "" for the file name and unowned columns.
+// B to I, ApEn Q to AJ, Cosine AK to AP, Cluster8 AQ to BM, Periodic BN to BX, SRQuant BY
+// to DG, Concordance DH to DM, Correlation DN to DV, Gold_Method DW to EA, X_ApEn EB to
+// EQ; "" for the file name and unowned columns.
 std::string_view column_mode(int column) {
   if (column >= 2 && column <= 9) return "Decon";
   if (column >= 17 && column <= 36) return "ApEn";
   if (column >= 37 && column <= 42) return "Cosine";
   if (column >= 43 && column <= 65) return "Cluster8";
   if (column >= 66 && column <= 76) return "Periodic";
-  if (column >= 77 && column <= 101) return "SRQuant";
-  if (column >= 105 && column <= 110) return "Concordance";
-  if (column >= 111 && column <= 119) return "Correlation";
-  if (column >= 120 && column <= 124) return "Gold_Method";
-  if (column >= 125 && column <= 140) return "X_ApEn";
+  if (column >= 77 && column <= 111) return "SRQuant";
+  if (column >= 112 && column <= 117) return "Concordance";
+  if (column >= 118 && column <= 126) return "Correlation";
+  if (column >= 127 && column <= 131) return "Gold_Method";
+  if (column >= 132 && column <= 147) return "X_ApEn";
   return "";
 }
 
@@ -104,8 +104,8 @@ std::string read_text(const fs::path& file) {
 
 }  // namespace
 
-QueueCollection read_queue_outcomes(const fs::path& folder) {
-  QueueCollection c;
+QueueCollectResult read_queue_outcomes(const fs::path& folder) {
+  QueueCollectResult c;
   std::error_code ec;
   if (!fs::exists(folder / "BQ_jobs.csv", ec)) {
     c.message = "The folder holds no job queue: " + folder.string();
@@ -137,7 +137,7 @@ QueueCollection read_queue_outcomes(const fs::path& folder) {
     job.log = (fs::exists(log, ec) ? log : folder / (job.job + ".out")).string();
     c.jobs.push_back(std::move(job));
   }
-  c.ok = true;
+  c.status = QueueCollectStatus::kRead;
   return c;
 }
 

@@ -24,15 +24,21 @@ struct JobOutcome {
 // data set no analysis filled gives one row with no mode.
 std::string merge_job_outcomes(const std::vector<JobOutcome>& jobs);
 
-struct QueueCollection {
-  bool ok = false;
+// How reading a queue's outcomes ended: read, or refused when the folder holds no queue
+// or its list of jobs does not read (`message` says which).
+enum class QueueCollectStatus { kRead, kRefused };
+
+struct QueueCollectResult {
+  QueueCollectStatus status = QueueCollectStatus::kRefused;
   std::string message;
   std::vector<JobOutcome> jobs;
   int done = 0;
   int failed = 0;
+
+  bool ok() const { return status == QueueCollectStatus::kRead; }
 };
 
 // Reads the outcome of every job of the queue in `folder` from its list and job files.
-QueueCollection read_queue_outcomes(const std::filesystem::path& folder);
+QueueCollectResult read_queue_outcomes(const std::filesystem::path& folder);
 
 }  // namespace tidemark::shell

@@ -78,7 +78,7 @@ void queue_jobs(std::string_view command, Session& session) {
   session.files().log(in_shared ? "QUEUE YES " : "QUEUE NO ");
 
   const QueueWriteResult written = write_queue(plan);
-  if (!written.ok) return session.error("Queue Error", {written.message});
+  if (!written.ok()) return session.error("Queue Error", {written.message});
   const std::string done = fmt::format("{} jobs {} in {}", written.jobs,
                                        written.already_queued ? "already queued" : "queued",
                                        plan.folder.string());
@@ -93,10 +93,10 @@ void collect_jobs(std::string_view command, Session& session) {
   const std::vector<std::string> arguments = quoted_arguments(command, "COLLECT_JOBS");
   if (arguments.size() < 2) return session.ignore(command);
   const fs::path folder = arguments[0];
-  const QueueCollection c = read_queue_outcomes(folder);
-  if (!c.ok) return session.error("Queue Error", {c.message});
+  const QueueCollectResult c = read_queue_outcomes(folder);
+  if (!c.ok()) return session.error("Queue Error", {c.message});
   const auto written = core::replace_file(arguments[1], merge_job_outcomes(c.jobs));
-  if (!written.ok) return session.error("Queue Error", {written.message});
+  if (!written.ok()) return session.error("Queue Error", {written.message});
   const int left = static_cast<int>(c.jobs.size()) - c.done - c.failed;
   session.carried_out(command_with_file("COLLECT_JOBS", arguments[0]) + " \"" + arguments[1] + "\"",
                       fmt::format("COLLECT JOBS {}: {} done, {} failed, {} left", arguments[1],

@@ -97,7 +97,8 @@ QueueWriteResult write_queue(const QueuePlan& plan) {
       return fail("The folder already holds another queue: " + plan.folder.string() +
                   " (run it again to finish its jobs, or choose another folder)");
     }
-    result.ok = result.already_queued = true;
+    result.status = QueueWriteStatus::kWritten;
+    result.already_queued = true;
     result.jobs = count;
     return result;
   }
@@ -107,7 +108,7 @@ QueueWriteResult write_queue(const QueuePlan& plan) {
   }
   const auto write = [&](const std::string& name, const std::string& text, bool executable) {
     const auto r = core::replace_file(plan.folder / name, text);
-    if (!r.ok) return fail(r.message), false;
+    if (!r.ok()) return fail(r.message), false;
     if (executable) {
       fs::permissions(plan.folder / name,
                       fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
@@ -130,7 +131,7 @@ QueueWriteResult write_queue(const QueuePlan& plan) {
       !write("BQ_jobs.csv", files.manifest, false) || !write("BQ_jobs.txt", files.list, false)) {
     return result;
   }
-  result.ok = true;
+  result.status = QueueWriteStatus::kWritten;
   result.jobs = count;
   return result;
 }

@@ -17,11 +17,17 @@ struct QueuePlan {
   std::string program;               // the program the jobs start
 };
 
+// How writing a queue ended: written whole, or refused (the folder holds a queue
+// already, or a folder or file could not be made; `message` says which).
+enum class QueueWriteStatus { kWritten, kRefused };
+
 struct QueueWriteResult {
-  bool ok = false;
+  QueueWriteStatus status = QueueWriteStatus::kRefused;
   std::string message;
   int jobs = 0;
   bool already_queued = false;  // the folder held this very queue: nothing was written
+
+  bool ok() const { return status == QueueWriteStatus::kWritten; }
 };
 
 // The command file of one job: a comment naming the data file, the expanded template,

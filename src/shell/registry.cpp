@@ -37,7 +37,7 @@ Registry::Load Registry::load(const fs::path& path) {
 bool Registry::save(const fs::path& path) const {
   std::string text = "; Tidemark user registry\n";
   for (const auto& [key, value] : entries_) text += key + "=" + value + "\n";
-  return core::replace_file(path, text).ok;
+  return core::replace_file(path, text).ok();
 }
 
 std::optional<std::string> Registry::get(std::string_view key) const {

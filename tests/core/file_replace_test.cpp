@@ -39,7 +39,7 @@ TEST_F(FileReplace, ReplacesTheWholeFileWithTheExactBytes) {
   std::ofstream(dir_ / "a.dat") << "a much longer old text that must not survive in part\n";
   const std::string text("line 1\r\nNUL \0 here\n", 19);
   const auto r = replace_file(dir_ / "a.dat", text);
-  EXPECT_TRUE(r.ok && r.message.empty()) << r.message;
+  EXPECT_TRUE(r.ok() && r.message.empty()) << r.message;
   EXPECT_EQ(contents(dir_ / "a.dat"), text);
   EXPECT_EQ(entries(), 1);
 }
@@ -48,10 +48,10 @@ TEST_F(FileReplace, TargetThatIsAFolderOrInNoFolderIsRefused) {
   fs::create_directory(dir_ / "folder.dat");
   std::ofstream(dir_ / "folder.dat" / "inside") << "kept";
   const auto r = replace_file(dir_ / "folder.dat", "text");
-  EXPECT_FALSE(r.ok);
+  EXPECT_FALSE(r.ok());
   EXPECT_NE(r.message.find("folder.dat"), std::string::npos) << r.message;
   EXPECT_EQ(contents(dir_ / "folder.dat" / "inside"), "kept");
-  EXPECT_FALSE(replace_file(dir_ / "no_such_folder" / "x.dat", "text").ok);
+  EXPECT_FALSE(replace_file(dir_ / "no_such_folder" / "x.dat", "text").ok());
   EXPECT_EQ(entries(), 1);
 }
 
@@ -61,7 +61,7 @@ TEST_F(FileReplace, TargetThatIsAFolderOrInNoFolderIsRefused) {
 TEST_F(FileReplace, FailedWriteLeavesTheOldFileWhole) {
   const fs::path target = dir_ / (std::string(236, 'a') + ".dat");
   std::ofstream(target) << "old contents\n";
-  EXPECT_FALSE(replace_file(target, "new contents\n").ok);
+  EXPECT_FALSE(replace_file(target, "new contents\n").ok());
   EXPECT_EQ(contents(target), "old contents\n");
   EXPECT_EQ(entries(), 1);
 }

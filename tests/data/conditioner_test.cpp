@@ -41,7 +41,7 @@ Outcome condition_set(DataSet& set, bool quiet = true) {
 
 // The single serious-error box of a failed run, checked for its title.
 Lines error_box(const Outcome& run) {
-  EXPECT_FALSE(run.result.ok);
+  EXPECT_FALSE(run.result.ok());
   if (run.ui.boxes().size() != 1) return {};
   EXPECT_EQ(run.ui.boxes()[0].title, "Serious error in data set");
   return run.ui.boxes()[0].lines;
@@ -74,7 +74,7 @@ TEST(Conditioner, UncertaintyMustExceedOneHundredThousandthOfTheConcentration) {
     set.y()[2] = c.y;
     set.dy()[2] = c.dy;
     const Outcome run = condition_set(set);
-    EXPECT_EQ(run.result.ok, c.ok) << c.y << " " << c.dy;
+    EXPECT_EQ(run.result.ok(), c.ok) << c.y << " " << c.dy;
     if (c.ok) continue;
     EXPECT_EQ(error_box(run), (Lines{"Data point 3 has too small of an uncertainty.",
                                      "The second column of the data file cannot be this small!"}));
@@ -146,7 +146,7 @@ TEST(Conditioner, GapRatiosAreClassifiedWithStrictBounds) {
     if (c.error) {
       EXPECT_EQ(error_box(run), Lines{c.error}) << c.times.back();
     } else {
-      EXPECT_TRUE(run.result.ok) << c.times.back() << run.result.message;
+      EXPECT_TRUE(run.result.ok()) << c.times.back() << run.result.message;
     }
   }
 }
@@ -188,7 +188,7 @@ TEST(Conditioner, GapsOfTwoAndThreeIncrementsGainBlendedPointsWithoutReplicates)
   for (const Case& c : cases) {
     DataSet set = series(c.times);
     const Outcome run = condition_set(set);
-    EXPECT_TRUE(run.result.ok) << run.result.message;
+    EXPECT_TRUE(run.result.ok()) << run.result.message;
     EXPECT_EQ(run.log.lines(), Lines{c.log});
     EXPECT_EQ(set.x(), c.x);
     EXPECT_EQ(set.y(), c.y);
@@ -203,7 +203,7 @@ TEST(Conditioner, PointInsertedNextToAMissingConcentrationHasNoConcentration) {
   set.y()[1] = kMissing;
   set.dy()[1] = kMissing;
   const Outcome run = condition_set(set);
-  ASSERT_TRUE(run.result.ok) << run.result.message;  // valid: times 0, 30, 40, 50
+  ASSERT_TRUE(run.result.ok()) << run.result.message;  // valid: times 0, 30, 40, 50
   EXPECT_EQ(set.y()[2], kMissing);
   EXPECT_EQ(set.dy()[2], kMissing);
 }
@@ -228,7 +228,7 @@ TEST(Conditioner, OnlyTheCropRangeIsExaminedAndItsSetEndMovesWithInsertedPoints)
     set.crop_start = c.crop_start;
     set.crop_end = c.crop_end;
     const Outcome run = condition_set(set);
-    EXPECT_EQ(run.result.ok, c.ok) << c.times.back() << run.result.message;
+    EXPECT_EQ(run.result.ok(), c.ok) << c.times.back() << run.result.message;
     EXPECT_EQ(set.size(), c.size) << c.times.back();
     EXPECT_EQ(set.crop_end, c.new_crop_end) << c.times.back();
   }
@@ -259,7 +259,7 @@ TEST(Conditioner, TimeThatIsNotANumberIsRefusedInsideTheCropRangeOnly) {
     if (c.error) {
       EXPECT_EQ(error_box(run), Lines{c.error});
     } else {
-      EXPECT_TRUE(run.result.ok) << run.result.message;
+      EXPECT_TRUE(run.result.ok()) << run.result.message;
     }
   }
 }
@@ -287,7 +287,7 @@ TEST(Conditioner, MoreThanThreeValidPointsAreNeeded) {
     DataSet set = series({0, 10, 20, 30, 40});
     for (const Edit& e : c.edits) set.columns[e.column][e.point] = e.value;
     const Outcome run = condition_set(set);
-    EXPECT_EQ(run.result.ok, c.ok) << c.edits.size() << run.result.message;
+    EXPECT_EQ(run.result.ok(), c.ok) << c.edits.size() << run.result.message;
     if (c.ok) continue;
     EXPECT_EQ(error_box(run), Lines{"Not Enough Valid Data Points!"});
     EXPECT_EQ(run.log.lines(),
@@ -325,7 +325,7 @@ TEST(Conditioner, ConstantCoefficientOfVariationIsWarnedAboutUnlessQuiet) {
       for (int i = 0; i < set.size(); ++i) set.dy()[i] = 0.1f * set.y()[i];
     }
     const Outcome run = condition_set(set, c.quiet);
-    EXPECT_TRUE(run.result.ok);
+    EXPECT_TRUE(run.result.ok());
     if (!c.warned) {
       EXPECT_TRUE(run.ui.boxes().empty());
       EXPECT_TRUE(run.log.lines().empty());
@@ -356,7 +356,7 @@ TEST(Conditioner, BlankHeadersAndIntegerSlotsBelowMinusThousandGetDefaults) {
     DataSet set = series({0, 10, 20, 30});
     set.headers = {"", "LH", "   ", "", "", "", "", ""};
     std::copy(c.before.begin(), c.before.end(), set.integers.begin());
-    ASSERT_TRUE(condition_set(set).result.ok);
+    ASSERT_TRUE(condition_set(set).result.ok());
     EXPECT_EQ(set.headers, (std::array<std::string, kColumnCount>{"TIME", "LH", "SEM", "REPS"}));
     EXPECT_TRUE(std::equal(c.after.begin(), c.after.end(), set.integers.begin()))
         << set.integers[0] << " " << set.integers[1] << " " << set.integers[2] << " "

@@ -115,7 +115,7 @@ TEST(NativeReader, PreprocessorSymbolsSectionsAndIncludesShapeTheLines) {
                     "!header_y = LH\n#else \n!header_y = FSH\n#endif \nTIME0 1\n200 2\n"},
                    {"root/shared.inc", "#define WANT_LH\n!DSTYPE = 4\n"}},
                   "root"));
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(r.ok());
   EXPECT_EQ(r.set.ds_type, 4);
   EXPECT_EQ(r.set.headers[kY], "LH");
   EXPECT_EQ(r.set.x(), (std::vector<float>{100, 200}));
@@ -146,7 +146,7 @@ TEST(NativeReader, ReadsFromDiskWithIncludesFromTheFilesFolder) {
   std::ofstream(dir / "e.inc") << "!HANDLE = E\n";
   const auto r = read_native_file((dir / "e.dat").string());
   fs::remove_all(dir);
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(r.ok());
   EXPECT_EQ(r.set.handle, "E");
   EXPECT_EQ(r.set.dy(), (std::vector<float>{core::kMissingF, core::kMissingF}));
   EXPECT_EQ(r.set.reps(), (std::vector<float>{3, 1}));

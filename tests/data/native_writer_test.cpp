@@ -93,7 +93,7 @@ TEST(NativeWriter, WriteThenReadGivesTheSameRecord) {
   with_nan.answers[2] = std::numeric_limits<double>::quiet_NaN();
   with_nan.columns[kY][2] = std::numeric_limits<float>::infinity();
   const auto r = read_back(native_text(with_nan));
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(r.ok());
   set.file_name = "mem/w.dat";
   EXPECT_EQ(r.set, set) << native_text(r.set);
 }
@@ -112,7 +112,7 @@ TEST(NativeWriter, FiveDigitValuesRoundTripExactlyAtEveryMagnitude) {
     set.answers[e + 37] = std::strtod(text.c_str(), nullptr);
   }
   const auto r = read_back(native_text(set));
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(r.ok());
   set.file_name = "mem/w.dat";
   EXPECT_EQ(r.set, set) << native_text(r.set);
 }

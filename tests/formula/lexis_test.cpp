@@ -22,9 +22,9 @@ class NumberSyntax : public testing::TestWithParam<NumberCase> {};
 
 TEST_P(NumberSyntax, ReadsDigitsOnePointAndAnExponentWithDigits) {
   const NumberCase& c = GetParam();
-  const NumberScan scan = scan_number(c.text, 0);
+  const NumberScanResult scan = scan_number(c.text, 0);
   EXPECT_EQ(scan.end, c.end);
-  EXPECT_EQ(scan.ok, c.ok);
+  EXPECT_EQ(scan.ok(), c.ok);
   if (c.ok) {
     EXPECT_DOUBLE_EQ(scan.value, c.value);
   }

@@ -53,8 +53,8 @@ TEST(SpreadsheetFormula, RefusedAssignmentsShowTheirMessageAndChangeNothing) {
     Grid grid(series(5));
     const data::DataSet before = grid.set();
     FunctionParser parser;
-    const SheetStatus status = assign_formula(grid, c.text, parser);
-    ASSERT_FALSE(status.ok) << c.text;
+    const SheetResult status = assign_formula(grid, c.text, parser);
+    ASSERT_FALSE(status.ok()) << c.text;
     EXPECT_EQ(status.title, "Function Parse Error") << c.text;
     EXPECT_EQ(status.lines.front(), c.message) << c.text;
     EXPECT_EQ(grid.set(), before) << c.text;
@@ -73,7 +73,7 @@ TEST(SpreadsheetFormula, SyntaxErrorIsShownWithTheFormulaAndAMarkUnderTheFault) 
   for (const Case& c : {Case{"Y=2*-3", "2*-3", "  ?"}, Case{"Y=)(", ")(", "?"}}) {
     Grid grid(series(3));
     FunctionParser parser;
-    const SheetStatus status = assign_formula(grid, c.text, parser);
+    const SheetResult status = assign_formula(grid, c.text, parser);
     ASSERT_EQ(status.lines.size(), 3u) << c.text;
     EXPECT_EQ(status.lines[1], c.right);
     EXPECT_EQ(status.lines[2], c.mark);
@@ -99,7 +99,7 @@ TEST(SpreadsheetFormula, RangesWriteOnlyTheirRows) {
   for (const Assignment& c : cases) {
     Grid grid(series(6));
     FunctionParser parser;
-    ASSERT_TRUE(assign_formula(grid, c.text, parser).ok) << c.text;
+    ASSERT_TRUE(assign_formula(grid, c.text, parser).ok()) << c.text;
     EXPECT_EQ(column(grid, kY), c.y) << c.text;
   }
 }
@@ -107,7 +107,7 @@ TEST(SpreadsheetFormula, RangesWriteOnlyTheirRows) {
 TEST(SpreadsheetFormula, RealResultsAreRoundedToSinglePrecision) {
   Grid grid(series(2));
   FunctionParser parser;
-  ASSERT_TRUE(assign_formula(grid, "Y = 1/3", parser).ok);
+  ASSERT_TRUE(assign_formula(grid, "Y = 1/3", parser).ok());
   // python3: struct.unpack('f', struct.pack('f', 1/3))[0]
   EXPECT_EQ(grid.value(1, kY), 0.3333333432674408);
 }
@@ -123,7 +123,7 @@ TEST(SpreadsheetFormula, IntegerColumnTakesTheNearestWholeNumberHalvesAwayFromZe
   for (const Case& c : cases) {
     Grid grid(series(2));
     FunctionParser parser;
-    ASSERT_TRUE(assign_formula(grid, c.text, parser).ok) << c.text;
+    ASSERT_TRUE(assign_formula(grid, c.text, parser).ok()) << c.text;
     EXPECT_EQ(grid.value(2, kReps), c.reps) << c.text;
   }
 }
@@ -144,8 +144,8 @@ TEST(SpreadsheetFormula, MissingOperandOrUnrepresentableResultGivesAMissingCell)
     Grid grid(series(3));
     grid.set().columns[data::kFx1][1] = core::kMissingF;
     FunctionParser parser;
-    const SheetStatus status = assign_formula(grid, c.text, parser);
-    ASSERT_TRUE(status.ok) << c.text;
+    const SheetResult status = assign_formula(grid, c.text, parser);
+    ASSERT_TRUE(status.ok()) << c.text;
     const int col = std::string(c.text).rfind("REPS", 0) == 0 ? kReps : kY;
     for (int r = 1; r <= 3; ++r) {
       const bool expect_missing = c.missing_row == r || c.missing_row < 0;
@@ -169,11 +169,11 @@ TEST(SpreadsheetFormula, EvaluationErrorNamesTheRowAndLeavesEveryRowAsItWas) {
   FunctionParser parser;
   // 1/(N-3) divides by zero in row 3; sqrt(2-N) has a negative argument first in row 3,
   // which the parser reports as a LOG argument.
-  const SheetStatus div = assign_formula(grid, "Y = 1/(N-3)", parser);
-  ASSERT_FALSE(div.ok);
+  const SheetResult div = assign_formula(grid, "Y = 1/(N-3)", parser);
+  ASSERT_FALSE(div.ok());
   EXPECT_EQ(div.title, "Function Evaluation Error");
   EXPECT_EQ(div.lines, (std::vector<std::string>{"Division by zero", "Row 3"}));
-  const SheetStatus root = assign_formula(grid, "Y = sqrt(2-N)", parser);
+  const SheetResult root = assign_formula(grid, "Y = sqrt(2-N)", parser);
   EXPECT_EQ(root.lines, (std::vector<std::string>{"Argument of LOG negative", "Row 3"}));
   EXPECT_EQ(grid.set(), before);
 }

@@ -26,7 +26,7 @@ TEST(SpreadsheetAverage, BinsOfTwoWithAShortLastBin) {
   Grid grid(series(5));
   grid.set().columns[data::kFx1][1] = core::kMissingF;
   grid.set().crop_end = 4;
-  ASSERT_TRUE(average_rows(grid, 2).ok);
+  ASSERT_TRUE(average_rows(grid, 2).ok());
   // By hand from TIME 0..40, Y 1..5, SEM 0.1, REPS 2, FX1 0.1..0.5 (row 2 missing):
   // bins {1,2}, {3,4}, {5}; SEM of two: sqrt(0.01 + 0.01)/2 = 0.0707107.
   const auto& c = grid.set().columns;
@@ -46,7 +46,7 @@ TEST(SpreadsheetAverage, BinsOfTwoWithAShortLastBin) {
 TEST(SpreadsheetAverage, RowsWithoutAConcentrationCountOnlyForTheirOwnFurtherColumns) {
   Grid grid(series(6));
   for (const std::size_t row : {1u, 4u, 5u}) grid.set().columns[data::kY][row] = core::kMissingF;
-  ASSERT_TRUE(average_rows(grid, 2).ok);
+  ASSERT_TRUE(average_rows(grid, 2).ok());
   // By hand: bin {1,2} is row 1 alone; bin {3,4} both rows (SEM sqrt(0.02)/2 =
   // 0.0707107); bin {5,6} has no concentration: its mean time 45, the rest missing but
   // FX1, which has its own values 0.5 and 0.6.
@@ -62,7 +62,7 @@ TEST(SpreadsheetAverage, RowsWithoutAConcentrationCountOnlyForTheirOwnFurtherCol
 TEST(SpreadsheetAverage, BinOfOneChangesNothing) {
   Grid grid(series(4));
   const data::DataSet before = grid.set();
-  ASSERT_TRUE(average_rows(grid, 1).ok);
+  ASSERT_TRUE(average_rows(grid, 1).ok());
   EXPECT_EQ(grid.set(), before);
 }
 
@@ -76,7 +76,7 @@ TEST(SpreadsheetSelect, KeepsOneRowEveryStepFromTheStart) {
       {2, 1, {1, 3, 5, 7}}, {2, 2, {2, 4, 6}}, {3, 1, {1, 4, 7}}, {1, 6, {6, 7}}, {5, 2, {2, 7}}};
   for (const Case& c : cases) {
     Grid grid(series(7));
-    ASSERT_TRUE(select_rows(grid, c.every, c.start).ok) << c.every << " " << c.start;
+    ASSERT_TRUE(select_rows(grid, c.every, c.start).ok()) << c.every << " " << c.start;
     EXPECT_EQ(grid.set().y(), c.y) << c.every << " " << c.start;
     EXPECT_EQ(grid.set().x().size(), c.y.size());
   }
@@ -86,12 +86,12 @@ TEST(SpreadsheetCrop, KeepsTheCropRangeAndClearsIt) {
   Grid grid(series(6));
   grid.set().crop_start = 2;
   grid.set().crop_end = 4;
-  ASSERT_TRUE(crop_rows(grid).ok);
+  ASSERT_TRUE(crop_rows(grid).ok());
   EXPECT_EQ(grid.set().y(), (Column{2, 3, 4}));
   EXPECT_EQ(grid.set().x(), (Column{10, 20, 30}));
   EXPECT_TRUE(core::is_missing_int(grid.set().crop_start));
   Grid whole(series(3));
-  ASSERT_TRUE(crop_rows(whole).ok);
+  ASSERT_TRUE(crop_rows(whole).ok());
   EXPECT_EQ(whole.set().y(), (Column{1, 2, 3}));
 }
 
@@ -99,7 +99,7 @@ TEST(SpreadsheetReshape, RefusalsChangeNothing) {
   // Each leaves fewer than 2 rows or has a setting out of range on a 5-row series.
   struct Case {
     const char* what;
-    SheetStatus (*run)(Grid&);
+    SheetResult (*run)(Grid&);
   };
   const Case cases[] = {{"bin 0", [](Grid& g) { return average_rows(g, 0); }},
                         {"bin 5", [](Grid& g) { return average_rows(g, 5); }},
@@ -120,8 +120,8 @@ TEST(SpreadsheetReshape, RefusalsChangeNothing) {
   for (const Case& c : cases) {
     Grid grid(series(5));
     const Column y = grid.set().y();
-    const SheetStatus status = c.run(grid);
-    EXPECT_FALSE(status.ok) << c.what;
+    const SheetResult status = c.run(grid);
+    EXPECT_FALSE(status.ok()) << c.what;
     EXPECT_EQ(status.title, "Data Spread Sheet") << c.what;
     EXPECT_EQ(grid.set().y(), y) << c.what;
   }
@@ -133,8 +133,8 @@ TEST(SpreadsheetShuffle, PermutesRowsOverFixedTimesAndDependsOnlyOnTheSeed) {
   for (int r = 0; r < 20; ++r) a.set().dy()[r] = b.set().dy()[r] = 0.5f * float(r + 1);
   core::Random ra(42);
   core::Random rb(42);
-  ASSERT_TRUE(shuffle_rows(a, ra).ok);
-  ASSERT_TRUE(shuffle_rows(b, rb).ok);
+  ASSERT_TRUE(shuffle_rows(a, ra).ok());
+  ASSERT_TRUE(shuffle_rows(b, rb).ok());
   EXPECT_EQ(a.set(), b.set());
   EXPECT_EQ(a.set().x(), series(20).x());
   Column y = a.set().y();
@@ -151,7 +151,7 @@ TEST(SpreadsheetCorrupt, AddsGaussianNoiseOfThePercentToEachValueInTurn) {
   Grid grid(series(4));
   grid.set().y()[1] = core::kMissingF;
   core::Random random(7);
-  ASSERT_TRUE(corrupt_values(grid, 10, random).ok);
+  ASSERT_TRUE(corrupt_values(grid, 10, random).ok());
   // The same deviates drawn in order from a second generator of the same seed; the
   // missing value takes none and stays missing.
   core::Random again(7);
@@ -165,7 +165,7 @@ TEST(SpreadsheetCorrupt, AddsGaussianNoiseOfThePercentToEachValueInTurn) {
     EXPECT_EQ(grid.set().y()[r], static_cast<float>(original[r] * (1 + 0.1 * g))) << r;
   }
   Grid unchanged(series(4));
-  ASSERT_TRUE(corrupt_values(unchanged, 0, random).ok);
+  ASSERT_TRUE(corrupt_values(unchanged, 0, random).ok());
   EXPECT_EQ(unchanged.set().y(), series(4).y());
 }
 

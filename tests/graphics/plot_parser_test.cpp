@@ -78,19 +78,19 @@ const BadSource kBadSources[] = {
 
 TEST(PlotParser, MalformedSourcesAreRefusedWithTheLineAndTheReason) {
   for (const BadSource& bad : kBadSources) {
-    const ParsedPlot p = parse_plot(bad.source);
-    EXPECT_FALSE(p.ok) << bad.source;
+    const PlotParseResult p = parse_plot(bad.source);
+    EXPECT_FALSE(p.ok()) << bad.source;
     EXPECT_EQ(p.message, bad.message) << bad.source;
   }
 }
 
 TEST(PlotParser, ASyntaxErrorInAnUndrawnBlockIsStillFound) {
-  const ParsedPlot p = parse_plot("#IFCHECKED \"A\" .NOT.CHECKED\nSYMBOL HEXAGON\n#ENDIF\n");
+  const PlotParseResult p = parse_plot("#IFCHECKED \"A\" .NOT.CHECKED\nSYMBOL HEXAGON\n#ENDIF\n");
   EXPECT_EQ(p.message, "line 2: SYMBOL: unknown symbol \"HEXAGON\"");
 }
 
 TEST(PlotParser, AStatementOutOfPlaceInAnUndrawnBlockIsNotAnError) {
-  EXPECT_TRUE(parse_plot("#IFCHECKED \"A\" .NOT.CHECKED\nSYMBOL CIRCLE\n#ENDIF\n").ok);
+  EXPECT_TRUE(parse_plot("#IFCHECKED \"A\" .NOT.CHECKED\nSYMBOL CIRCLE\n#ENDIF\n").ok());
 }
 
 // A source with one series whose attributes stand in option blocks, nested once.
@@ -124,8 +124,8 @@ TEST(PlotParser, OptionBlocksFollowTheirDefaultsAndTheStatesSet) {
       {{{"Unknown", false}}, Symbol::kCircle, false, Dash::kNone},
   };
   for (const Case& c : cases) {
-    const ParsedPlot p = parse_plot(kOptionSource, c.states);
-    ASSERT_TRUE(p.ok) << p.message;
+    const PlotParseResult p = parse_plot(kOptionSource, c.states);
+    ASSERT_TRUE(p.ok()) << p.message;
     const SeriesStyle& s = p.plot.panels.at(0).series.at(0).style;
     EXPECT_EQ(s.symbol, c.symbol);
     EXPECT_EQ(s.error_bars, c.error_bars);
@@ -135,11 +135,11 @@ TEST(PlotParser, OptionBlocksFollowTheirDefaultsAndTheStatesSet) {
 }
 
 TEST(PlotParser, NotesStandAnywhereOutsideASeriesAndKeepTheirOrder) {
-  const ParsedPlot p = parse_plot(
+  const PlotParseResult p = parse_plot(
       "NOTE \"first\"\nPAGE \"t\"\nPANEL \"a\"\nnote \"the \"\"second\"\"\"\n"
       "#IFCHECKED \"Extra\" .NOT.CHECKED\nNOTE \"hidden\"\n#ENDIF\n"
       "PANEL \"b\"\nSERIES \"s\"\nDATA\nEND\nNOTE \"\"\nNOTE \"last\"\n");
-  ASSERT_TRUE(p.ok) << p.message;
+  ASSERT_TRUE(p.ok()) << p.message;
   EXPECT_EQ(p.plot.notes, (std::vector<std::string>{"first", "the \"second\"", "", "last"}));
 }
 
@@ -148,9 +148,9 @@ TEST(PlotParser, NotesBeyondTheCapAreRefusedButUndrawnOnesDoNotCount) {
   for (int i = 1; i <= 16; ++i) sixteen += fmt::format("NOTE \"{}\"\n", i);
   // Sixteen notes on lines 1 to 16, the seventeenth on line 17.
   EXPECT_EQ(parse_plot(sixteen + "NOTE \"17\"\n").message, "line 17: more than 16 notes");
-  const ParsedPlot p =
+  const PlotParseResult p =
       parse_plot(sixteen + "#IFCHECKED \"More\" .NOT.CHECKED\nNOTE \"17\"\n#ENDIF\n");
-  ASSERT_TRUE(p.ok) << p.message;
+  ASSERT_TRUE(p.ok()) << p.message;
   EXPECT_EQ(p.plot.notes.size(), 16u);
 }
 
@@ -180,8 +180,8 @@ TEST(PlotParser, ReadsBackExactlyWhatTheWriterWrote) {
   w.crosshair(1, 2, 3, 4);
   w.text_at_data(5, 6, "d", Align::kRight);
   w.text_at_page(0.25, 0.75, "p", Align::kCenter);
-  const ParsedPlot p = parse_plot(w.text());
-  ASSERT_TRUE(p.ok) << p.message;
+  const PlotParseResult p = parse_plot(w.text());
+  ASSERT_TRUE(p.ok()) << p.message;
   EXPECT_EQ(p.plot.title, "Title with \"quotes\"");
   EXPECT_EQ(p.plot.notes, (std::vector<std::string>{"Note with \"quotes\""}));
   ASSERT_EQ(p.plot.panels.size(), 1u);
@@ -216,10 +216,10 @@ TEST(PlotParser, ReadsBackExactlyWhatTheWriterWrote) {
 }
 
 TEST(PlotParser, CommentsBlankLinesCaseAndLineEndingsDoNotMatter) {
-  const ParsedPlot p = parse_plot(
+  const PlotParseResult p = parse_plot(
       "\xEF\xBB\xBF! heading\r\n\r\n  panel \"a\" ! the only panel\r\n"
       "series \"s!\"\r\n\tsymbol circle\r\ndata\r\n1 missing\r\n+2 -1.5e35\r\n.5 3\r\nend");
-  ASSERT_TRUE(p.ok) << p.message;
+  ASSERT_TRUE(p.ok()) << p.message;
   const Series& s = p.plot.panels.at(0).series.at(0);
   EXPECT_EQ(s.name, "s!");
   EXPECT_EQ(s.x, (std::vector<double>{1, 2, 0.5}));
@@ -228,10 +228,10 @@ TEST(PlotParser, CommentsBlankLinesCaseAndLineEndingsDoNotMatter) {
 }
 
 TEST(PlotParser, SeriesAreNumberedWithinTheirPanel) {
-  const ParsedPlot p = parse_plot(
+  const PlotParseResult p = parse_plot(
       "PANEL \"a\"\nSERIES \"1\"\nDATA\nEND\nSERIES \"2\"\nDATA\nEND\n"
       "PANEL \"b\"\nSERIES \"3\"\nDATA\nEND\n");
-  ASSERT_TRUE(p.ok) << p.message;
+  ASSERT_TRUE(p.ok()) << p.message;
   EXPECT_EQ(p.plot.panels[0].series[1].index, 1);
   EXPECT_EQ(p.plot.panels[1].series[0].index, 0);
 }
@@ -243,8 +243,8 @@ TEST(PlotParser, TheCommonOptionsReadBackWithTheirDefaults) {
   w.panel("p");
   write_common_options(
       w, {.file_name = "F", .handle = "H", .x = x, .y = y, .sd = sd, .positions = positions});
-  const ParsedPlot p = parse_plot(w.text(), {{"Show File Handle", false}});
-  ASSERT_TRUE(p.ok) << p.message;
+  const PlotParseResult p = parse_plot(w.text(), {{"Show File Handle", false}});
+  ASSERT_TRUE(p.ok()) << p.message;
   ASSERT_EQ(p.options.size(), 8u);
   EXPECT_EQ(p.options[0], (PlotOption{"Log Concentration Scale", false}));
   EXPECT_EQ(p.plot.panels[0].y_axis.scale, Scale::kLinear);

@@ -16,8 +16,8 @@ namespace {
 graphics::Panel panel_of(const std::vector<std::string>& names) {
   std::string source = "PANEL \"p\"\nLEGEND BELOW\n";
   for (const std::string& n : names) source += "SERIES \"" + n + "\"\nDATA\n1 1\nEND\n";
-  const graphics::ParsedPlot p = graphics::parse_plot(source);
-  EXPECT_TRUE(p.ok) << p.message;
+  const graphics::PlotParseResult p = graphics::parse_plot(source);
+  EXPECT_TRUE(p.ok()) << p.message;
   return p.plot.panels.at(0);
 }
 

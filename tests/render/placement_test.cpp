@@ -18,8 +18,8 @@ namespace {
 using graphics::Place;
 
 graphics::Plot plot_of(const std::string& source) {
-  const graphics::ParsedPlot p = graphics::parse_plot(source);
-  EXPECT_TRUE(p.ok) << p.message;
+  const graphics::PlotParseResult p = graphics::parse_plot(source);
+  EXPECT_TRUE(p.ok()) << p.message;
   return p.plot;
 }
 

@@ -34,8 +34,8 @@ std::string read_file(const std::string& path) {
 }
 
 graphics::Plot plot_of(const std::string& source, const graphics::OptionStates& states = {}) {
-  const graphics::ParsedPlot p = graphics::parse_plot(source, states);
-  EXPECT_TRUE(p.ok) << p.message;
+  const graphics::PlotParseResult p = graphics::parse_plot(source, states);
+  EXPECT_TRUE(p.ok()) << p.message;
   return p.plot;
 }
 
@@ -89,8 +89,8 @@ double difference(const std::string& png_a, const std::string& png_b) {
 }
 
 std::string png_of(const graphics::Plot& plot, const RenderOptions& options = kGoldenOptions) {
-  const Rendered r = render(plot, Format::kPng, options);
-  EXPECT_TRUE(r.ok) << r.message;
+  const RenderResult r = render(plot, Format::kPng, options);
+  EXPECT_TRUE(r.ok()) << r.message;
   return r.bytes;
 }
 
@@ -101,7 +101,7 @@ TEST_P(Golden, ReferenceSourceRendersLikeItsGoldenImage) {
   const std::string png = png_of(plot_of(read_file(kData + name + ".grf")));
   const std::string golden_path = kData + name + ".png";
   if (std::getenv("TIDEMARK_UPDATE_GOLDEN")) {
-    ASSERT_TRUE(core::replace_file(golden_path, png).ok);
+    ASSERT_TRUE(core::replace_file(golden_path, png).ok());
     GTEST_SKIP() << "wrote " << golden_path;
   }
   EXPECT_LE(difference(png, read_file(golden_path)), kMaxDifferentPixels) << golden_path;
@@ -123,8 +123,8 @@ TEST(RenderStructure, SvgHoldsOneMarkerPerDrawablePoint) {
   const std::string source =
       "PANEL \"p\"\nYAXIS \"y\" LOG\nSERIES \"s\"\nSYMBOL SQUARE\nCOLOR #123456\nDATA\n"
       "1 1\n2 2\n3 MISSING\n4 -1\n5 5\n6 6\n7 7\n8 8\n9 9\nEND\n";
-  const Rendered r = render(plot_of(source), Format::kSvg, {});
-  ASSERT_TRUE(r.ok) << r.message;
+  const RenderResult r = render(plot_of(source), Format::kSvg, {});
+  ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_EQ(testing_support::closed_subpaths(r.bytes, testing_support::kCountedFill), 7);
 }
 
@@ -168,8 +168,8 @@ TEST(RenderStructure, NotesMoveTheTopPanelDownByTheirLines) {
       "YAXIS \"c\" RANGE 0 10\n";
   const std::string hidden = "#IFCHECKED \"More\" .NOT.CHECKED\nNOTE \"hidden\"\n#ENDIF\n";
   const auto frame_of = [](const std::string& source) {
-    const Rendered r = render(plot_of(source), Format::kSvg, {});
-    EXPECT_TRUE(r.ok) << r.message;
+    const RenderResult r = render(plot_of(source), Format::kSvg, {});
+    EXPECT_TRUE(r.ok()) << r.message;
     return testing_support::first_closed_span(r.bytes, testing_support::kFrameStroke)
         .value_or(testing_support::VerticalSpan{});
   };
@@ -196,17 +196,17 @@ TEST(RenderFormats, EveryFormatComesOutWithItsSignature) {
                   {Format::kPs, "%!PS-Adobe"},
                   {Format::kEps, "%!PS-Adobe-3.0 EPSF"}};
   for (const auto& f : kFormats) {
-    const Rendered r = render(plot, f.format, {});
-    ASSERT_TRUE(r.ok) << r.message;
+    const RenderResult r = render(plot, f.format, {});
+    ASSERT_TRUE(r.ok()) << r.message;
     EXPECT_EQ(r.bytes.substr(0, f.signature.size()), f.signature);
   }
 }
 
 TEST(RenderFormats, OptionsOutsideTheirLimitsAreRefused) {
   const graphics::Plot plot = plot_of("PAGE \"x\"\n");
-  EXPECT_FALSE(render(plot, Format::kPng, {.width = 10}).ok);
-  EXPECT_FALSE(render(plot, Format::kPng, {.width = 14400, .height = 14400, .dpi = 1200}).ok);
-  EXPECT_FALSE(render(plot, Format::kSvg, {.font_size = 0}).ok);
+  EXPECT_FALSE(render(plot, Format::kPng, {.width = 10}).ok());
+  EXPECT_FALSE(render(plot, Format::kPng, {.width = 14400, .height = 14400, .dpi = 1200}).ok());
+  EXPECT_FALSE(render(plot, Format::kSvg, {.font_size = 0}).ok());
 }
 
 TEST(RenderFormats, FormatsAreNamedByExtensionOrName) {
@@ -223,8 +223,8 @@ TEST(RenderRobustness, ExtremeValuesAndMalformedTextDrawWithoutError) {
       "1e300 -1e300 1e300\n1 1 1e-300\n1 1\nEND\nCROSSHAIR 1 1 1e300 1e300\n"
       "TEXT DATA 1 1 \"\xE0\x80\xAF\"\n";
   for (Format f : {Format::kPng, Format::kSvg}) {
-    const Rendered r = render(plot_of(source), f, {});
-    EXPECT_TRUE(r.ok) << r.message;
+    const RenderResult r = render(plot_of(source), f, {});
+    EXPECT_TRUE(r.ok()) << r.message;
   }
 }
 

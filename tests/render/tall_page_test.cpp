@@ -40,8 +40,8 @@ std::string panels(const std::vector<const char*>& heights, const char* extra = 
 }
 
 graphics::Plot plot_of(const std::string& source) {
-  const graphics::ParsedPlot p = graphics::parse_plot(source);
-  EXPECT_TRUE(p.ok) << p.message;
+  const graphics::PlotParseResult p = graphics::parse_plot(source);
+  EXPECT_TRUE(p.ok()) << p.message;
   return p.plot;
 }
 
@@ -75,8 +75,8 @@ TEST(PageGrowth, PageIsJustTallEnoughForTheLeastPlotAreas) {
       {"a page set taller than needed", panels({"", "", "", "", ""}), {.height = 1000}, 1000},
   };
   for (const auto& c : kCases) {
-    const Rendered r = render(plot_of(c.source), Format::kSvg, c.options);
-    ASSERT_TRUE(r.ok) << r.message;
+    const RenderResult r = render(plot_of(c.source), Format::kSvg, c.options);
+    ASSERT_TRUE(r.ok()) << r.message;
     EXPECT_NEAR(svg_height(r.bytes), c.height, kSvgRounding) << c.what;
     EXPECT_NEAR(page_height(plot_of(c.source), c.options), c.height, kSvgRounding) << c.what;
   }

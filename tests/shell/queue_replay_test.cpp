@@ -20,14 +20,14 @@ TEST(QueueReplay, TheSameQueueKeepsItsProgressAndAnotherIsRefused) {
   Scratch dir;
   const std::string tpl = "READ_NATIVE \"%~dpnx\"\n";
   const QueueWriteResult first = write_queue(plan_in(dir, tpl));
-  ASSERT_TRUE(first.ok) << first.message;
+  ASSERT_TRUE(first.ok()) << first.message;
   EXPECT_FALSE(first.already_queued);
   // Job 1 ran and is done; job 2 is being run.
   fs::rename(dir / "q" / "BQ_0001_.bat", dir / "q" / "done" / "BQ_0001_.bat");
   fs::rename(dir / "q" / "BQ_0002_.bat", dir / "q" / "running" / "BQ_0002_.bat");
 
   const QueueWriteResult again = write_queue(plan_in(dir, tpl));
-  ASSERT_TRUE(again.ok) << again.message;
+  ASSERT_TRUE(again.ok()) << again.message;
   EXPECT_TRUE(again.already_queued);
   EXPECT_EQ(again.jobs, 2);
   EXPECT_FALSE(fs::exists(dir / "q" / "BQ_0001_.bat"));  // not queued again
@@ -37,7 +37,7 @@ TEST(QueueReplay, TheSameQueueKeepsItsProgressAndAnotherIsRefused) {
        {plan_in(dir, "READ_CSV \"%~dpnx\"\n"),
         QueuePlan{dir / "q", tpl, {{"s01.dat", ""}}, dir.path(), "tidemark"}}) {
     const QueueWriteResult refused = write_queue(other);
-    EXPECT_FALSE(refused.ok);
+    EXPECT_FALSE(refused.ok());
     EXPECT_NE(refused.message.find("already holds another queue"), std::string::npos)
         << refused.message;
   }

@@ -9,7 +9,6 @@
 #include "core/missing.h"
 #include "core/text.h"
 #include "feedback/modes/srquant_choices.h"
-#include "feedback/modes/srquant_parameters.h"
 
 namespace tidemark::feedback {
 
@@ -207,13 +206,11 @@ data::SummaryRow srquant_summary(const SRQuantRun& run) {
       {"Points", static_cast<double>(f.points)}};
   const std::size_t tail = static_cast<std::size_t>(tail_offset(model));
   for (std::size_t k = tail; k < names.size(); ++k) cells.emplace_back(names[k], value(k));
-  // Each input's delay, efficacy and EC50: offsets 0, 2 and 3 of its block.
-  for (int i = 0; i < kMaxInputs; ++i) {
-    for (const int j : {0, 2, 3}) {
-      const auto k = static_cast<std::size_t>(input_offset(i) + j);
-      const std::string name = settable_parameter_names()[k];
-      cells.emplace_back(name, k < tail ? value(k) : core::kMissing);
-    }
+  ResponseModel largest;
+  largest.inputs.resize(kMaxInputs);
+  const std::vector<std::string> all = parameter_names(largest);
+  for (std::size_t k = 0; k < static_cast<std::size_t>(tail_offset(largest)); ++k) {
+    cells.emplace_back(all[k], k < tail ? value(k) : core::kMissing);
   }
   data::SummaryRow row;
   int column = kFirstSummaryColumn;

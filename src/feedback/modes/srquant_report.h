@@ -21,7 +21,7 @@
 
 namespace tidemark::feedback {
 
-// The summary book's columns: BY to CW (77 to 101).
+// The summary book's columns: BY to DG (77 to 111).
 inline constexpr int kFirstSummaryColumn = 77;
 
 // The whole listing; a run whose fit failed lists the model and starting values and
@@ -36,8 +36,8 @@ std::vector<std::string> srquant_log_lines(const SRQuantRun& run);
 std::string srquant_answers(const SRQuantRun& run);
 
 // The summary-book cells of a successful fit: inputs, criterion, AIC, BIC, points, the
-// five elimination parameters, then the delay, efficacy and EC50 of each of five inputs
-// (missing where the model has no such input, or a single elimination).
+// five elimination parameters, then the five parameters of each of five inputs (missing
+// where the model has no such input, or a single elimination).
 data::SummaryRow srquant_summary(const SRQuantRun& run);
 
 }  // namespace tidemark::feedback

@@ -1,6 +1,7 @@
 #include "formula/modes/spreadsheet_commands.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <optional>
@@ -13,6 +14,7 @@
 #include "formula/spreadsheet_formula.h"
 #include "formula/spreadsheet_grid.h"
 #include "formula/spreadsheet_ops.h"
+#include "shell/command_table.h"
 #include "shell/command_text.h"
 #include "shell/settings_file.h"
 #include "ui/dialog.h"
@@ -49,7 +51,7 @@ int spin(const Values& values, Spin s) {
 // A reshaping command and the operation it runs with the spin values.
 struct Operation {
   std::string_view name;
-  SheetStatus (*run)(Grid&, const Values&, core::Random&);
+  SheetResult (*run)(Grid&, const Values&, core::Random&);
 };
 
 constexpr Operation kOperations[] = {
@@ -70,17 +72,31 @@ constexpr Operation kOperations[] = {
 
 class SpreadsheetCommands : public shell::CommandHandler {
  public:
+  // SET goes first, since it may leave a label to the mode; "SPREADSHEET" alone opens
+  // the grid (a longer word beginning with it is another command); the rest through the
+  // table.
   bool handle(std::string_view command, shell::Session& session) override {
     const std::string_view trimmed = core::trim(command);
     if (shell::command_is(trimmed, "SET")) return set_spin(trimmed, session);
-    if (shell::command_is(trimmed, kFinish)) return finish(session);
-    if (shell::command_is(trimmed, kUpdate)) return update(session);
-    if (shell::command_is(trimmed, kFunction)) return evaluate(trimmed, session);
-    for (const Operation& op : kOperations) {
-      if (shell::command_is(trimmed, op.name)) return reshape(op, session);
+    if (core::to_upper(trimmed) == kOpen) {
+      open(session);
+      return true;
     }
-    if (core::to_upper(trimmed) == kOpen) return open(session);
-    return false;
+    using Command = shell::NamedCommand<SpreadsheetCommands, shell::Session>;
+    static constexpr std::array<Command, 8> kCommands{{
+        {kFinish,
+         [](std::string_view, SpreadsheetCommands& s, shell::Session& on) { s.finish(on); }},
+        {kUpdate,
+         [](std::string_view, SpreadsheetCommands& s, shell::Session& on) { s.update(on); }},
+        {kFunction,
+         [](std::string_view c, SpreadsheetCommands& s, shell::Session& on) { s.evaluate(c, on); }},
+        {kOperations[0].name, reshape_with<0>},
+        {kOperations[1].name, reshape_with<1>},
+        {kOperations[2].name, reshape_with<2>},
+        {kOperations[3].name, reshape_with<3>},
+        {kOperations[4].name, reshape_with<4>},
+    }};
+    return shell::dispatch(kCommands, trimmed, *this, session);
   }
 
  private:
@@ -152,55 +168,50 @@ class SpreadsheetCommands : public shell::CommandHandler {
     return std::string(name) + ": " + std::to_string(grid_->rows()) + " rows";
   }
 
-  bool open(shell::Session& session) {
+  void open(shell::Session& session) {
     if (Grid* g = grid(session)) {
       session.ui().show_text(kTitle, grid_text(*g));
       session.carried_out(kOpen, kOpen);
     }
-    return true;
   }
 
-  bool finish(shell::Session& session) {
+  void finish(shell::Session& session) {
     grid_.reset();
     session.carried_out(kFinish, {});
-    return true;
   }
 
-  bool update(shell::Session& session) {
+  void update(shell::Session& session) {
     Grid* g = grid(session, true);
-    if (g == nullptr) return true;
+    if (g == nullptr) return;
     data::DataSet& target = session.store().current();
     write_back(*g, target);
     opened_ = target;
     session.carried_out(kUpdate, rows_line(kUpdate) + " written to " + target.file_name);
-    return true;
   }
 
-  bool evaluate(std::string_view command, shell::Session& session) {
+  void evaluate(std::string_view command, shell::Session& session) {
     const std::string text(core::trim(command.substr(kFunction.size())));
     Grid* g = grid(session);
-    if (g == nullptr) return true;
-    const SheetStatus status = assign_formula(*g, text, parser_);
-    if (!status.ok) {
+    if (g == nullptr) return;
+    const SheetResult status = assign_formula(*g, text, parser_);
+    if (!status.ok()) {
       session.error(status.title, status.lines);
-      return true;
+      return;
     }
     const std::string line = std::string(kFunction) + " " + text;
     session.carried_out(line, line);
     if (!status.lines.empty()) session.inform(status.title, status.lines);
-    return true;
   }
 
-  bool reshape(const Operation& op, shell::Session& session) {
+  void reshape(const Operation& op, shell::Session& session) {
     Grid* g = grid(session);
-    if (g == nullptr) return true;
-    const SheetStatus status = op.run(*g, values_, session.random());
-    if (!status.ok) {
+    if (g == nullptr) return;
+    const SheetResult status = op.run(*g, values_, session.random());
+    if (!status.ok()) {
       session.error(status.title, status.lines);
-      return true;
+      return;
     }
     session.carried_out(op.name, rows_line(op.name));
-    return true;
   }
 
   // SET of a spin value; any other label, or one the current mode's dialog has too, is
@@ -223,6 +234,12 @@ class SpreadsheetCommands : public shell::CommandHandler {
         "SET " + field.label + " = " + ui::format_field_value(field, values_[index]);
     session.carried_out(line, line);
     return true;
+  }
+
+  // A reshaping command: the operation of kOperations at `index`.
+  template <std::size_t index>
+  static void reshape_with(std::string_view, SpreadsheetCommands& s, shell::Session& session) {
+    s.reshape(kOperations[index], session);
   }
 
   Values values_ = ui::default_values(spins());

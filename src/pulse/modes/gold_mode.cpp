@@ -69,7 +69,7 @@ class GoldMode : public shell::Module {
   shell::ModeResult calculate(shell::ModuleContext& c) override {
     data::DataSet& set = c.store.current();
     const data::ConditionResult conditioned = data::condition(set, false, c.ui, c.log);
-    if (!conditioned.ok) {
+    if (!conditioned.ok()) {
       return shell::ModeResult::failed(
           {"The data set could not be conditioned: " + conditioned.message});
     }

@@ -110,10 +110,10 @@ std::vector<std::string> words_of(std::string_view text) {
 
 }  // namespace
 
-ParsedSimulate parse_simulate_arguments(std::string_view text) {
-  ParsedSimulate parsed{true, {}, default_request()};
+SimulateArgumentsResult parse_simulate_arguments(std::string_view text) {
+  SimulateArgumentsResult parsed{SimulateArgumentsStatus::kRead, {}, default_request()};
   auto refuse = [&](std::string message) {
-    parsed.ok = false;
+    parsed.status = SimulateArgumentsStatus::kRefused;
     parsed.message = std::move(message);
     return parsed;
   };

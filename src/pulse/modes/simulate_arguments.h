@@ -26,15 +26,19 @@ struct SimulateRequest {
   std::optional<std::uint64_t> seed;
 };
 
-// The request, or (ok false) a message naming the first word that does not read: an
+// The request, or (refused) a message naming the first word that does not read: an
 // unknown key, a value of the wrong kind, HL3 without HL2, F2 or F3 without its
 // half-life.
-struct ParsedSimulate {
-  bool ok = true;
+enum class SimulateArgumentsStatus { kRead, kRefused };
+
+struct SimulateArgumentsResult {
+  SimulateArgumentsStatus status = SimulateArgumentsStatus::kRead;
   std::string message;
   SimulateRequest request;
+
+  bool ok() const { return status == SimulateArgumentsStatus::kRead; }
 };
 
-ParsedSimulate parse_simulate_arguments(std::string_view text);
+SimulateArgumentsResult parse_simulate_arguments(std::string_view text);
 
 }  // namespace tidemark::pulse

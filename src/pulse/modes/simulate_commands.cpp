@@ -20,8 +20,8 @@ class SimulateCommands : public shell::CommandHandler {
 
  private:
   static void simulate(std::string_view command, shell::Session& session) {
-    const ParsedSimulate parsed = parse_simulate_arguments(command.substr(8));
-    if (!parsed.ok) return session.error(kSimulationErrorTitle, {parsed.message});
+    const SimulateArgumentsResult parsed = parse_simulate_arguments(command.substr(8));
+    if (!parsed.ok()) return session.error(kSimulationErrorTitle, {parsed.message});
     const SimulateRequest& request = parsed.request;
     const core::Random before = session.random();
     if (request.seed) session.random().seed(*request.seed);

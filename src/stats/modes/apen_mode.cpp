@@ -57,7 +57,7 @@ class ApEnMode : public shell::Module {
     show_results(c, {});
     const data::ConditionResult conditioned =
         data::condition(c.store.current(), false, c.ui, c.log);
-    if (!conditioned.ok) return ModeResult::failed({conditioned.message});
+    if (!conditioned.ok()) return ModeResult::failed({conditioned.message});
     const data::DataSet& set = c.store.current();
     ApEnOptions options{.difference = c.value<bool>(kDifference),
                         .r_fraction = c.value<bool>(kRFraction),

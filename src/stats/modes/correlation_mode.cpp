@@ -33,7 +33,7 @@ std::optional<shell::ModeResult> condition_both(shell::ModuleContext& c, int a_n
   for (const int number : {a_number, b_number}) {
     if (c.store.count() < 2 || number < 1 || number > c.store.count()) return std::nullopt;
     data::DataSet& set = c.store.at(number - 1);
-    if (!data::condition(set, false, c.ui, c.log).ok)
+    if (!data::condition(set, false, c.ui, c.log).ok())
       return shell::ModeResult::failed({fmt::format(
           "Data set {} ({}) did not pass the data conditioner.", number, set.file_name)});
   }

@@ -1,5 +1,5 @@
 #pragma once
-// Correlation's columns of the summary books, from DG: the mean and variance of the A
+// Correlation's columns of the summary books, from DN: the mean and variance of the A
 // and of the B series, the cross-correlation at lag 0, the lag of the largest
 // cross-correlation with that correlation and its S.E., and Kendall's tau at lag 0, as
 // the listing gives them. An undefined correlation is missing; when every
@@ -9,7 +9,7 @@
 
 namespace tidemark::stats {
 
-inline constexpr int kCorrelationFirstColumn = 111;  // DG
+inline constexpr int kCorrelationFirstColumn = 118;  // DN
 
 // Puts the results of `analysis` into `row`, replacing what an earlier Correlation put
 // there. The best lag is the one of the largest cross-correlation, the most negative

@@ -130,7 +130,7 @@ class CosineMode : public shell::Module {
   std::optional<std::string> prepare(ModuleContext& c) {
     const data::ConditionResult conditioned =
         data::condition(c.store.current(), false, c.ui, c.log);
-    if (!conditioned.ok) return conditioned.message;
+    if (!conditioned.ok()) return conditioned.message;
     usable_points(c.store.current(), t_, y_);
     if (c.store.current_index() != set_index_) {
       auto progress = c.ui.progress("Cosine period scan");

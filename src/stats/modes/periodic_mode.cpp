@@ -110,7 +110,7 @@ class PeriodicMode : public shell::Module {
   ModeResult calculate(ModuleContext& c) override {
     data::DataSet& set = c.store.current();
     const data::ConditionResult conditioned = data::condition(set, false, c.ui, c.log);
-    if (!conditioned.ok) return ModeResult::failed({conditioned.message});
+    if (!conditioned.ok()) return ModeResult::failed({conditioned.message});
     const PeriodicSeries series = crop_series(set);
     const bool trend = c.value<bool>(kRemoveTrend);
     const PeriodogramResult periodogram_result =

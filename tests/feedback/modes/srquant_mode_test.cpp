@@ -127,8 +127,8 @@ TEST_F(SRQuantMode, RecoversTheDelayPotencyAndEfficacyOfASimulatedDrive) {
   ASSERT_TRUE(row.contains("CI")) << last_listing();
   // One sampling interval for the delay, 10 % for EC50 and efficacy.
   EXPECT_NEAR(row.at("CI").value, kDelay, 10) << last_listing();
-  EXPECT_NEAR(row.at("CJ").value / kEfficacy, 1, 0.1) << last_listing();
-  EXPECT_NEAR(row.at("CK").value / kEc50, 1, 0.1) << last_listing();
+  EXPECT_NEAR(row.at("CK").value / kEfficacy, 1, 0.1) << last_listing();
+  EXPECT_NEAR(row.at("CL").value / kEc50, 1, 0.1) << last_listing();
   // Delays up to 60 reach the output from t = 60 on: 6 points before.
   EXPECT_NE(last_listing().find("138 fitted, outside the inputs' reach 6 before and 0 after"),
             std::string::npos)

@@ -123,8 +123,8 @@ TEST(SRQuantOutputs, AnswersLogAndSummaryCarryTheFittedValues) {
   EXPECT_EQ(log[0], "SRQuant: output testo.dat, inputs lh.dat");
   EXPECT_EQ(log[1], "SRQuant: Least Squares = 4.5000, AIC = 12.250, BIC = 14.750, 6 points, 6 free");
   const data::SummaryRow row = srquant_summary(run);
-  // BY is column 2 * 26 + 25 = 77, CW is 3 * 26 + 23 = 101.
-  ASSERT_EQ(row.size(), 25u);
+  // BY is column 2 * 26 + 25 = 77, DG is 4 * 26 + 7 = 111.
+  ASSERT_EQ(row.size(), 35u);
   EXPECT_EQ(row.begin()->first, "BY");
   EXPECT_EQ(row.at("BY").title, "SRQuant Inputs");
   EXPECT_EQ(row.at("BY").value, 1);
@@ -134,12 +134,9 @@ TEST(SRQuantOutputs, AnswersLogAndSummaryCarryTheFittedValues) {
   EXPECT_TRUE(core::is_missing(row.at("CF").value));  // Half-Life 2 with one elimination
   EXPECT_EQ(row.at("CI").title, "SRQuant Delay 1");
   EXPECT_NEAR(row.at("CI").value, 62.311, 1e-4);
-  EXPECT_EQ(row.at("CJ").title, "SRQuant Efficacy 1");
-  EXPECT_EQ(row.at("CJ").value, 2.5f);
-  EXPECT_EQ(row.at("CK").title, "SRQuant EC50 1");
-  EXPECT_EQ(row.at("CK").value, 4.25f);
-  EXPECT_EQ(row.at("CW").title, "SRQuant EC50 5");
-  EXPECT_TRUE(core::is_missing(row.at("CW").value));
+  EXPECT_TRUE(core::is_missing(row.at("CJ").value));  // Width 1 without spreading
+  EXPECT_EQ(row.at("DG").title, "SRQuant Hill 5");
+  EXPECT_TRUE(core::is_missing(row.at("DG").value));
 }
 
 TEST(SRQuantGraph, DrawsTheOutputResidualsInputsAndDoseResponse) {

@@ -173,6 +173,15 @@ TEST_F(Spreadsheet, RefusedCommandsChangeNothingAndAreNotRecorded) {
   }
 }
 
+// "SPREADSHEET" opens the grid only as the whole word (any letter case); a longer word
+// that begins with it and names no spreadsheet command is nobody's.
+TEST_F(Spreadsheet, OnlyTheWholeWordOpensTheGrid) {
+  const ProgramRun r = run("spreadsheet\nSPREADSHEETS\n");
+  EXPECT_TRUE(has_line(history(), "SPREADSHEET")) << r.err;
+  EXPECT_FALSE(has_line(history(), "SPREADSHEETS"));
+  EXPECT_TRUE(has_line(lines_of(r.err), "COMMAND IGNORED!: SPREADSHEETS")) << r.err;
+}
+
 TEST_F(Spreadsheet, WithoutADataSetTheSpreadsheetSaysSo) {
   const auto file = dir.write("run.cmd", "SPREADSHEET\nSPREADSHEET_FUNCTION= Y = 1\n");
   const ProgramRun r = run_tidemark(dir / "home", dir.path(), {"-@", file.string()}, "");

@@ -129,7 +129,7 @@ TEST(Cluster8Graph, TheSourceParsesWithAndWithoutItsOptions) {
     const auto parsed = graphics::parse_plot(source, {{kShowCluster8Results, c.outliers},
                                                       {kShowParameters, c.parameters},
                                                       {kShowOutliers, c.outliers}});
-    ASSERT_TRUE(parsed.ok) << parsed.message;
+    ASSERT_TRUE(parsed.ok()) << parsed.message;
     EXPECT_EQ(parsed.plot.notes, c.notes);
     for (const auto& text : parsed.plot.page_texts) EXPECT_EQ(text.y, 0.01);  // the footer only
   }
@@ -144,7 +144,7 @@ TEST(Cluster8Graph, TrianglesAreDrawnOverTheOutlierCirclesAndTheYAxisIsTheHeader
   std::vector<Cluster8Sample> samples;
   for (int k = 0; k < set.size(); ++k) samples.push_back({set.y()[k], 0.1f, set.x()[k], 2.0f});
   const auto parsed = graphics::parse_plot(cluster8_graph(set, run_cluster8(samples, {}), {}));
-  ASSERT_TRUE(parsed.ok) << parsed.message;
+  ASSERT_TRUE(parsed.ok()) << parsed.message;
   const graphics::Panel& panel = parsed.plot.panels.at(0);
   EXPECT_EQ(panel.y_axis.label, "LH");
   std::vector<std::string> names;

@@ -67,9 +67,9 @@ TEST_F(GoldMode, ListsTheSecretionWithItsPeaksAtTheTrueEvents) {
   double released = 0;
   for (const double v : s) released += v * 10.879;
   EXPECT_NEAR(released, 202.4, 20.0);
-  const graphics::ParsedPlot plot =
+  const graphics::PlotParseResult plot =
       graphics::parse_plot(Scratch::read(f.session->files().graph_path()));
-  EXPECT_TRUE(plot.ok) << plot.message;
+  EXPECT_TRUE(plot.ok()) << plot.message;
 }
 
 TEST_F(GoldMode, RefusesWhatItCannotDeconvolve) {

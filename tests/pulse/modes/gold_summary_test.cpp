@@ -41,18 +41,18 @@ void expect_cell(const data::SummaryRow& row, const char* letters, const char* t
 TEST(GoldSummary, FillsDpToDtWithTheListedSettingsIterationsAndResidual) {
   const GoldRun run("Elimination and Secretion Shape");
   EXPECT_EQ(run.row().size(), 5u);
-  expect_cell(run.row(), "DP", "Gold Half-Life", 50);
-  expect_cell(run.row(), "DQ", "Gold Secretion SD", value_after(run.listing, " Secretion SD = "));
-  expect_cell(run.row(), "DR", "Gold Sampling Interval", 10);
-  expect_cell(run.row(), "DS", "Gold Iterations", value_after(run.listing, " Iterations = "));
-  expect_cell(run.row(), "DT", "Gold R", value_after(run.listing, " R = "));
+  expect_cell(run.row(), "DW", "Gold Half-Life", 50);
+  expect_cell(run.row(), "DX", "Gold Secretion SD", value_after(run.listing, " Secretion SD = "));
+  expect_cell(run.row(), "DY", "Gold Sampling Interval", 10);
+  expect_cell(run.row(), "DZ", "Gold Iterations", value_after(run.listing, " Iterations = "));
+  expect_cell(run.row(), "EA", "Gold R", value_after(run.listing, " R = "));
 }
 
 TEST(GoldSummary, TheEliminationOnlyKernelLeavesTheSecretionSdEmpty) {
   const GoldRun run("Elimination Only");
-  ASSERT_TRUE(run.row().contains("DQ"));
-  EXPECT_TRUE(core::is_missing(run.row().at("DQ").value));
-  expect_cell(run.row(), "DS", "Gold Iterations", value_after(run.listing, " Iterations = "));
+  ASSERT_TRUE(run.row().contains("DX"));
+  EXPECT_TRUE(core::is_missing(run.row().at("DX").value));
+  expect_cell(run.row(), "DZ", "Gold Iterations", value_after(run.listing, " Iterations = "));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "core/missing.h"
 #include "data/secretion_events.h"
+#include "pulse/modes/cluster8_mode.h"
 #include "pulse/modes/simulate_arguments.h"
 #include "shell/session_fixture.h"
 
@@ -31,14 +32,14 @@ TEST(SimulateArguments, KeysSetTheModelGridAndNoiseAndTheRestKeepDefaults) {
       {"EVENTS=NONE", 1, {0.1, 0, 4, 45}, false, 0},
   };
   for (const Case& c : cases) {
-    const ParsedSimulate p = parse_simulate_arguments(c.text);
-    ASSERT_TRUE(p.ok) << c.text << ": " << p.message;
+    const SimulateArgumentsResult p = parse_simulate_arguments(c.text);
+    ASSERT_TRUE(p.ok()) << c.text << ": " << p.message;
     EXPECT_EQ(p.request.options.half_lives, c.half_lives) << c.text;
     EXPECT_EQ(p.request.options.fixed, c.fixed) << c.text;
     EXPECT_EQ(p.request.options.draw, c.draw) << c.text;
     EXPECT_EQ(p.request.options.events.size(), c.events) << c.text;
   }
-  const ParsedSimulate p = parse_simulate_arguments("SAMPLES=30 REPS=3 HANDLE=X1 SEED=12");
+  const SimulateArgumentsResult p = parse_simulate_arguments("SAMPLES=30 REPS=3 HANDLE=X1 SEED=12");
   EXPECT_EQ(p.request.options.samples, 30);
   EXPECT_EQ(p.request.options.replicates, 3);
   EXPECT_EQ(p.request.handle, "X1");
@@ -56,8 +57,8 @@ TEST(SimulateArguments, NamesTheWordThatDoesNotRead) {
       {"HL3=100", "SIMULATE: HL3 needs HL2, F2 needs HL2 and F3 needs HL3"},
   };
   for (const auto& [text, message] : cases) {
-    const ParsedSimulate p = parse_simulate_arguments(text);
-    EXPECT_FALSE(p.ok) << text;
+    const SimulateArgumentsResult p = parse_simulate_arguments(text);
+    EXPECT_FALSE(p.ok()) << text;
     EXPECT_EQ(p.message, message);
   }
 }
@@ -104,6 +105,26 @@ TEST_F(SimulateCommand, TheSeedKeyMakesTheSeriesRepeatable) {
   ASSERT_EQ(f.session->store().count(), 3);
   EXPECT_EQ(f.session->store().at(0).y(), f.session->store().at(2).y());
   EXPECT_NE(f.session->store().at(0).y(), f.session->store().at(1).y());
+}
+
+// An analysis leaves its events in the answers slots, where the simulated events were;
+// the truth stays on the set, as SIMULATE made it.
+TEST(SimulatedTruth, StaysWhenAnAnalysisWritesItsEvents) {
+  SessionFixture f(testing_support::only_mode(3, [](int) { return make_cluster8_mode(); }));
+  f.session->set_simulator(make_simulate_commands());
+  f.run({"SIMULATE SEED=3 EVENTS=200:0,500:0,800:0,1100:0 NOISE_CV=0.05", "MODE Cluster8",
+         "CLUSTER_CALCULATE"});
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  const data::DataSet& set = f.session->store().current();
+  const std::vector<data::SecretionEvent> truth = {{200, 0}, {500, 0}, {800, 0}, {1100, 0}};
+  ASSERT_TRUE(set.truth.known());
+  EXPECT_EQ(set.truth.events, truth);
+  ASSERT_EQ(set.truth.parameters.size(), 8u);
+  EXPECT_EQ(set.truth.parameters[3], 45.0);  // HALF-LIFE(1), SIMULATE's default
+  // Cluster8's peaks lie on its sampling grid with heights from the concentration rise.
+  const auto found = data::secretion_events(set);
+  ASSERT_FALSE(found.empty());
+  EXPECT_NE(found, truth);
 }
 
 }  // namespace

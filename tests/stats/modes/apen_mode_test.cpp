@@ -139,8 +139,8 @@ TEST_F(ApEnMode, TooFewCyclesAreRefusedWithTheModesTitle) {
 TEST_F(ApEnMode, TheGraphSourceParsesWithTheValuesAsNotes) {
   listing({"SET MC Cycles = 3"});
   const std::string source = Scratch::read(f.session->files().graph_path());
-  const graphics::ParsedPlot plot = graphics::parse_plot(source);
-  ASSERT_TRUE(plot.ok) << plot.message;
+  const graphics::PlotParseResult plot = graphics::parse_plot(source);
+  ASSERT_TRUE(plot.ok()) << plot.message;
   EXPECT_EQ(plot.plot.title, "Approximate Entropy");
   EXPECT_EQ(plot.plot.notes, (Lines{"ApEn(1) = -0.22314   P for Random = 1.0000",
                                     "ApEn(2) = -0.28768   P for Random = 1.0000"}));

@@ -35,9 +35,9 @@ TEST(ConcordanceGraph, AllPanelsShareOneTimeAxisAndTheEventRowsAreNamed) {
     report.a.events = {30, 100};
     report.b.events = {35};
     report.pairs = {{0, 0}};
-    const graphics::ParsedPlot p = graphics::parse_plot(concordance_graph(
+    const graphics::PlotParseResult p = graphics::parse_plot(concordance_graph(
         report, data_set("a.dat", "A", c.a_points), data_set("b.dat", "B", c.b_points)));
-    ASSERT_TRUE(p.ok) << p.message;
+    ASSERT_TRUE(p.ok()) << p.message;
     EXPECT_EQ(p.plot.panels.at(0).title, "");  // the page title names the event panel
     ASSERT_EQ(p.plot.panels.size(), 3u) << c.what;
     for (const graphics::Panel& panel : p.plot.panels) {

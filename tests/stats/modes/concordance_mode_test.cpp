@@ -108,7 +108,7 @@ TEST(ConcordanceMode, TheSameSeedGivesTheSameTableAndTheGraphParses) {
   for (bool on : {true, false}) {
     const auto parsed = graphics::parse_plot(
         source, {{std::string(kShowSecretionEvents), on}, {std::string(kShowCoincidences), on}});
-    ASSERT_TRUE(parsed.ok) << parsed.message;
+    ASSERT_TRUE(parsed.ok()) << parsed.message;
     EXPECT_EQ(parsed.plot.panels.size(), 3u);
   }
 }

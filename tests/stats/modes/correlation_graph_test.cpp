@@ -52,8 +52,8 @@ graphics::Plot graph_of(const RangeCase& c) {
   data::DataSet b = data_set("b.dat", "B", static_cast<int>(c.b.size()));
   const CorrelationAnalysis analysis = correlation_analysis(c.a, c.b, c.max_lag);
   const int n = static_cast<int>(c.a.size());
-  const graphics::ParsedPlot p = graphics::parse_plot(correlation_graph(analysis, a, b, n, 10));
-  EXPECT_TRUE(p.ok) << p.message;
+  const graphics::PlotParseResult p = graphics::parse_plot(correlation_graph(analysis, a, b, n, 10));
+  EXPECT_TRUE(p.ok()) << p.message;
   return p.plot;
 }
 

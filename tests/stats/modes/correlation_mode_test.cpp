@@ -122,7 +122,7 @@ TEST_F(CorrelationMode, WritesAThreePanelGraphThatParses) {
   f.run({"MODE Correlation", "SET max Lag = 4", "CORR_CALCULATE"});
   const std::string source = Scratch::read(f.session->files().graph_path());
   const auto parsed = graphics::parse_plot(source);
-  ASSERT_TRUE(parsed.ok) << parsed.message;
+  ASSERT_TRUE(parsed.ok()) << parsed.message;
   ASSERT_EQ(parsed.plot.panels.size(), 5u);  // three correlation panels, two series
   EXPECT_NE(source.find(std::string(kBandName)), std::string::npos);
   EXPECT_NE(source.find(std::string(kLagAxis)), std::string::npos);

@@ -35,8 +35,8 @@ TEST(SeriesPanels, BothPanelsWriteTheSameFootersNamingBothSeries) {
     a.headers[data::kY] = "LH";
     b.headers[data::kY] = "";
     series_panels(w, a, b, 0.5, events);
-    const graphics::ParsedPlot p = graphics::parse_plot(w.text());
-    ASSERT_TRUE(p.ok) << p.message;
+    const graphics::PlotParseResult p = graphics::parse_plot(w.text());
+    ASSERT_TRUE(p.ok()) << p.message;
     ASSERT_EQ(p.plot.panels.size(), 2u);
     for (std::size_t i = 0; i < 2; ++i) {
       EXPECT_EQ(p.plot.panels[i].title, c.titles[i]);

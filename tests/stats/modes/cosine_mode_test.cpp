@@ -57,7 +57,7 @@ TEST_F(CosineMode, CalculateRecoversTheCosinorAndListsItsParameters) {
     EXPECT_NE(text.find(line), std::string::npos) << line << "\n" << text;
   }
   const auto graph = graphics::parse_plot(Scratch::read(f.session->files().graph_path()));
-  ASSERT_TRUE(graph.ok) << graph.message;
+  ASSERT_TRUE(graph.ok()) << graph.message;
   // The scan panel: trial periods t(4) .. t(48) = 30 .. 470, none above 100 %, and at
   // the series' own period of 240 nothing left (it is a noiseless cosinor).
   ASSERT_EQ(graph.plot.panels.size(), 2u);

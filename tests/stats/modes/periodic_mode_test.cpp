@@ -78,7 +78,7 @@ TEST_F(PeriodicMode, FindsTheDailyRhythmAndListsItsPeakAndFit) {
   EXPECT_NE(Scratch::read(f.session->files().answers_path()).find("Periodic results for cortisol.dat"),
             std::string::npos);
   const auto graph = graphics::parse_plot(Scratch::read(f.session->files().graph_path()));
-  ASSERT_TRUE(graph.ok) << graph.message;
+  ASSERT_TRUE(graph.ok()) << graph.message;
   ASSERT_EQ(graph.plot.panels.size(), 2u);
   EXPECT_EQ(graph.plot.panels[1].title, "Periodogram");
 }

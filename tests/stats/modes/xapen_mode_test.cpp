@@ -89,8 +89,8 @@ TEST_F(XApEnMode, ResultFieldsHoldTheListingsResultLines) {
 TEST_F(XApEnMode, TheGraphSourceParsesAndIsTitledTimeBetweenMatches) {
   listing();
   const std::string source = Scratch::read(f.session->files().graph_path());
-  const graphics::ParsedPlot plot = graphics::parse_plot(source);
-  EXPECT_TRUE(plot.ok) << plot.message;
+  const graphics::PlotParseResult plot = graphics::parse_plot(source);
+  EXPECT_TRUE(plot.ok()) << plot.message;
   EXPECT_NE(source.find("PAGE \"TIME BETWEEN MATCHES\""), std::string::npos);
   // The page title is not said again over the first panel; the series panels' y axes
   // carry the data's own header.

@@ -149,7 +149,7 @@ TEST(SRQuantGraph, DrawsTheOutputResidualsInputsAndDoseResponse) {
                        0, 0, 0});
   }
   const auto parsed = graphics::parse_plot(srquant_graph(run, output));
-  ASSERT_TRUE(parsed.ok) << parsed.message;
+  ASSERT_TRUE(parsed.ok()) << parsed.message;
   const auto& panels = parsed.plot.panels;
   ASSERT_EQ(panels.size(), 4u);
   EXPECT_EQ(panels[1].title, "Residuals");

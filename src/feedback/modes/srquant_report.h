@@ -23,7 +23,6 @@ namespace tidemark::feedback {
 
 // The summary book's columns: BY to DG (77 to 111).
 inline constexpr int kFirstSummaryColumn = 77;
-inline constexpr int kSummaryColumns = 10 + kPerInput * kMaxInputs;
 
 // The whole listing; a run whose fit failed lists the model and starting values and
 // says why.

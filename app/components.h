@@ -3,6 +3,7 @@
 // its menu name (a mode without one answers that it is not available), with the
 // handlers of the graph view, the simulator and the data spreadsheet. The headless
 // program and the command fuzz target run the same set.
+#include "feedback/modes/srquant_mode.h"
 #include "formula/modes/spreadsheet_commands.h"
 #include "pulse/modes/cluster8_mode.h"
 #include "pulse/modes/decon_mode.h"
@@ -35,6 +36,8 @@ inline shell::Components registered_components() {
   shell::register_mode(parts.modules, "Cosine", [](int) { return stats::make_cosine_mode(); });
   shell::register_mode(parts.modules, "Gold_Method", [](int) { return pulse::make_gold_mode(); });
   shell::register_mode(parts.modules, "Periodic", [](int) { return stats::make_periodic_mode(); });
+  shell::register_mode(parts.modules, "SRQuant",
+                       [](int) { return feedback::make_srquant_mode(); });
   shell::register_mode(parts.modules, "X_ApEn", [](int) { return stats::make_xapen_mode(); });
   return parts;
 }

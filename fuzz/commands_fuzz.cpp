@@ -133,7 +133,7 @@ class Scratch {
     fs::copy(examples, data, fs::copy_options::recursive);
     run_session(home, data, kSetupCommands);
     const fs::path system = home / "system";
-    for (const char* name : {"do_apen.ini", "do_xapen.ini", "do_concord.ini"})
+    for (const char* name : {"do_apen.ini", "do_xapen.ini", "do_concord.ini", "do_srquant.ini"})
       check(fs::is_regular_file(system / name));
     std::ofstream(system / "grf_view.ini") << kSmallPage;
     fs::remove_all(home / "temp");
@@ -159,7 +159,8 @@ class Scratch {
       "READ_NATIVE \"subject07_testo.dat\"\n"
       "MODE ApEn\nSET MC Cycles = 10\nSAVE_PARAMETERS\n"
       "MODE X_ApEn\nSET MC Cycles = 10\nSAVE_PARAMETERS\n"
-      "MODE Concordance\nSET #MC Cycles = 10\nSAVE_PARAMETERS\n";
+      "MODE Concordance\nSET #MC Cycles = 10\nSAVE_PARAMETERS\n"
+      "MODE SRQuant\nSET Swarm Size = 10\nSET Iterations = 20\nSAVE_PARAMETERS\n";
   // Graphs are drawn on a small page at the lowest resolution: the drawing code is the
   // same, and large pages are the plot parser target's work.
   static constexpr const char* kSmallPage = "Width=144\nHeight=108\nDpi=36\n";

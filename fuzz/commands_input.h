@@ -7,7 +7,8 @@
 // The bounds, so that one input stays fast and cannot reach beyond the working folder:
 // - only the first kMaxCommands typed commands are kept;
 // - a SET of a field whose label names cycles (the Monte-Carlo cycle counts of ApEn,
-//   X_ApEn and Concordance) to a whole number above kMaxCycles refuses the input;
+//   X_ApEn and Concordance), or of SRQuant's "Swarm Size" or "Iterations", to a whole
+//   number above kMaxCycles refuses the input;
 // - a SIMULATE of more than kMaxSamples samples refuses the input: Cosine's period scan
 //   fits a trial at every sample time, so its work grows with the square of the points
 //   (at 100000 samples, over an hour);
@@ -53,12 +54,14 @@ inline bool stays_inside(std::string_view line) {
   return true;
 }
 
-// False for a SET of a cycle count above kMaxCycles; the label and the value are read as
-// the module frame reads them.
+// False for a SET of a cycle count, swarm size or iteration count above kMaxCycles; the
+// label and the value are read as the module frame reads them.
 inline bool cycles_bounded(std::string_view line) {
   if (!shell::command_is(line, "SET")) return true;
   const auto assignment = shell::split_assignment(shell::command_argument(line, "SET"));
-  if (!assignment || core::to_upper(assignment->label).find("CYCLES") == std::string::npos)
+  if (!assignment) return true;
+  const std::string label = core::to_upper(core::trim(assignment->label));
+  if (label.find("CYCLES") == std::string::npos && label != "SWARM SIZE" && label != "ITERATIONS")
     return true;
   int cycles = 0;
   return !core::read_integer(assignment->value, cycles) || cycles <= kMaxCycles;

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <map>
 
@@ -15,7 +16,32 @@ namespace tidemark::gui {
 
 namespace {
 
+constexpr char kDataSetProperty[] = "names a data set";
+
+// A drop-down of data sets: the item of data set n holds n.
+QComboBox* data_set_box(QWidget* editor) {
+  auto* box = qobject_cast<QComboBox*>(editor);
+  return box != nullptr && box->property(kDataSetProperty).toBool() ? box : nullptr;
+}
+
+// Shows data set `number` in `box`, adding an item for a number beyond those loaded
+// (a value set before its data set was read) so that the value shown stays the one held.
+void select_data_set(QComboBox* box, int number) {
+  int at = box->findData(number);
+  if (at < 0) {
+    box->addItem(QString("%1  (not loaded)").arg(number), number);
+    at = box->count() - 1;
+  }
+  box->setCurrentIndex(at);
+}
+
 QWidget* make_editor(const ui::Field& field) {
+  if (names_data_set(field)) {
+    auto* box = new QComboBox;
+    box->setProperty(kDataSetProperty, true);
+    box->setEnabled(!field.read_only);
+    return box;
+  }
   switch (field.kind) {
     case ui::FieldKind::kCheck:
       return new QCheckBox;
@@ -38,6 +64,10 @@ QWidget* make_editor(const ui::Field& field) {
 }
 
 }  // namespace
+
+bool names_data_set(const ui::Field& field) {
+  return field.kind == ui::FieldKind::kInteger && field.label.ends_with(" Series");
+}
 
 FieldEditors::FieldEditors(const ui::Dialog& dialog, QWidget* parent)
     : QWidget(parent), dialog_(dialog) {
@@ -68,7 +98,9 @@ void FieldEditors::show_values(const std::vector<ui::FieldValue>& values) {
     const ui::Field& field = dialog_.fields[i];
     const std::string text = ui::format_field_value(field, values[i]);
     shown_.push_back(text);
-    if (auto* check = qobject_cast<QCheckBox*>(editors_[i])) {
+    if (QComboBox* sets = data_set_box(editors_[i])) {
+      select_data_set(sets, std::get<int>(values[i]));
+    } else if (auto* check = qobject_cast<QCheckBox*>(editors_[i])) {
       check->setChecked(std::get<bool>(values[i]));
     } else if (auto* box = qobject_cast<QComboBox*>(editors_[i])) {
       box->setCurrentIndex(std::get<int>(values[i]));
@@ -79,7 +111,21 @@ void FieldEditors::show_values(const std::vector<ui::FieldValue>& values) {
   }
 }
 
+void FieldEditors::set_data_sets(const std::vector<std::string>& names) {
+  for (QWidget* editor : editors_) {
+    QComboBox* box = data_set_box(editor);
+    if (box == nullptr) continue;
+    const QSignalBlocker quiet(box);
+    const int number = box->currentData().toInt();
+    box->clear();
+    for (std::size_t i = 0; i < names.size(); ++i)
+      box->addItem(QString::fromStdString(names[i]), static_cast<int>(i) + 1);
+    if (number >= 1) select_data_set(box, number);
+  }
+}
+
 std::string FieldEditors::text_of(std::size_t field) const {
+  if (QComboBox* sets = data_set_box(editors_[field])) return std::to_string(sets->currentData().toInt());
   if (auto* check = qobject_cast<QCheckBox*>(editors_[field])) return check->isChecked() ? "ON" : "OFF";
   if (auto* box = qobject_cast<QComboBox*>(editors_[field])) return box->currentText().toStdString();
   if (auto* line = qobject_cast<QLineEdit*>(editors_[field]))

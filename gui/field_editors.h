@@ -1,8 +1,9 @@
 #pragma once
 // The editors of a dialog's fields, made from its description: a line edit for reals,
-// whole numbers and texts, a check box, a drop-down for a menu, a read-only line for a
-// result. Fields sit in one group box per grid, in field order. A new mode's dialog
-// needs nothing here.
+// whole numbers and texts, a check box, a drop-down for a menu, a drop-down of the
+// loaded data sets for a field that names one by number (the A and B series), a
+// read-only line for a result. Fields sit in one group box per grid, in field order. A
+// new mode's dialog needs nothing here.
 #include <QWidget>
 #include <string>
 #include <vector>
@@ -10,6 +11,10 @@
 #include "ui/dialog.h"
 
 namespace tidemark::gui {
+
+// True for a field that names a data set by its number: a whole-number field labelled
+// "... Series" ("A Series", "B Series"), as the two-series modes name theirs.
+bool names_data_set(const ui::Field& field);
 
 class FieldEditors : public QWidget {
   Q_OBJECT
@@ -21,6 +26,10 @@ class FieldEditors : public QWidget {
 
   // Puts `values` (one per field) into the editors; they are then the values shown.
   void show_values(const std::vector<ui::FieldValue>& values);
+
+  // The data sets the data-set drop-downs offer, in store order (number 1 first), as
+  // the user reads them ("1  LH  (lh.dat)"); the numbers chosen stay chosen.
+  void set_data_sets(const std::vector<std::string>& names);
 
   // A "SET label = value" line for each field the user changed since the values were
   // last shown, in field order; the changed values count as shown from now on. A text

@@ -3,7 +3,9 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <string>
 
+#include "render/cairo_library.h"
 #include "render/renderer.h"
 
 namespace tidemark::gui {
@@ -11,6 +13,8 @@ namespace tidemark::gui {
 QImage graph_image(const graphics::Plot& plot, const render::RenderOptions& options, QSize size) {
   QImage image(size.expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::white);
+  std::string problem;
+  if (!render::cairo_ready(problem)) return image;  // blank: the graph cannot be drawn
   render::RenderOptions page = options;
   page.height = render::page_height(plot, options);
   cairo_surface_t* surface = cairo_image_surface_create_for_data(

@@ -92,15 +92,30 @@ bool GraphView::load(const std::string& path, std::string& problem) {
     problem = path + ": the file cannot be read";
     return false;
   }
-  source_ = file.readAll().toStdString();
+  std::string source = file.readAll().toStdString();
+  std::swap(source, source_);
+  if (show_source(problem)) return true;
+  problem = path + ": " + problem;
+  source_ = std::move(source);
+  return false;
+}
+
+bool GraphView::show_source(std::string& problem) {
   graphics::PlotParseResult parsed = graphics::parse_plot(source_, states_);
   if (!parsed.ok()) {
-    problem = path + ": " + parsed.message;
+    problem = parsed.message;
     return false;
   }
   show_options(parsed.options);
   canvas_->set_plot(std::move(parsed.plot));
   return true;
+}
+
+void GraphView::set_states(const graphics::OptionStates& states) {
+  if (states == states_) return;
+  states_ = states;
+  std::string problem;
+  if (!source_.empty()) show_source(problem);  // a source that read before reads again
 }
 
 void GraphView::show_options(const std::vector<graphics::PlotOption>& options) {

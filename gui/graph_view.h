@@ -50,8 +50,11 @@ class GraphView : public QWidget {
   // Reads and shows the graph source `path`; false, with `problem`, when it does not read
   // (the graph shown stays).
   bool load(const std::string& path, std::string& problem);
-  // The states of the options as the user set them here.
+  // The states of the options, as set here or by the shell's GRF_OPTION.
   const graphics::OptionStates& states() const { return states_; }
+  // Takes the states the shell holds: the graph is read again and its check boxes show
+  // them, without issuing a command.
+  void set_states(const graphics::OptionStates& states);
 
   GraphCanvas* canvas() const { return canvas_; }
   void print();
@@ -59,6 +62,8 @@ class GraphView : public QWidget {
 
  private:
   void show_options(const std::vector<graphics::PlotOption>& options);
+  // Reads source_ with states_ and shows it; false, with `problem`, when it does not read.
+  bool show_source(std::string& problem);
 
   Issue issue_;
   std::string source_;

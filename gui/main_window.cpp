@@ -34,7 +34,9 @@
 #include "field_editors.h"
 #include "file_filter.h"
 #include "graph_view.h"
+#include "history_options.h"
 #include "mode_panel.h"
+#include "queue_dialog.h"
 #include "sheet_text.h"
 #include "sheet_view.h"
 #include "shell/modes.h"
@@ -241,6 +243,7 @@ void MainWindow::rebuild_data_select() {
     return;
   }
   auto* group = new QActionGroup(data_menu_);
+  const std::vector<std::string> names = data_set_names();
   for (std::size_t i = 0; i < session_.data_sets.size(); ++i) {
     const ui::SessionView::DataSet& set = session_.data_sets[i];
     // SELECT takes a handle first, then a file name; a handle another set shares
@@ -249,8 +252,7 @@ void MainWindow::rebuild_data_select() {
     for (std::size_t j = 0; j < i && unique_handle; ++j)
       unique_handle = session_.data_sets[j].handle != set.handle;
     const std::string name = unique_handle ? set.handle : set.file_name;
-    const std::string text = std::to_string(i + 1) + "  " + set.handle + "  (" + set.file_name +
-                             ")" + (set.modified ? "  *" : "");
+    const std::string text = names[i] + (set.modified ? "  *" : "");
     QAction* a = data_menu_->addAction(q(text));
     a->setCheckable(true);
     a->setChecked(static_cast<int>(i) == session_.current);
@@ -260,8 +262,38 @@ void MainWindow::rebuild_data_select() {
   }
 }
 
+std::vector<std::string> MainWindow::data_set_names() const {
+  std::vector<std::string> names;
+  for (const ui::SessionView::DataSet& set : session_.data_sets)
+    names.push_back(std::to_string(names.size() + 1) + "  " + set.handle + "  (" + set.file_name + ")");
+  return names;
+}
+
+void MainWindow::follow_graph_options() {
+  if (session_.history != history_read_) {
+    history_read_ = session_.history;
+    history_offset_ = 0;
+  }
+  QFile file(q(history_read_));
+  if (!file.open(QIODevice::ReadOnly) || !file.seek(history_offset_)) return;
+  QByteArray added = file.readAll();
+  added.truncate(added.lastIndexOf('\n') + 1);  // whole lines only; the rest comes later
+  history_offset_ += added.size();
+  graphics::OptionStates states = graph_view_->states();
+  apply_option_lines(added.toStdString(), states);
+  graph_view_->set_states(states);
+}
+
+void MainWindow::open_queue_dialog() {
+  if (auto* open = findChild<QueueDialog*>()) return open->raise();
+  auto* dialog = new QueueDialog([this](const std::string& c) { issue(c); }, this);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->show();
+}
+
 void MainWindow::show_session(const ui::SessionView& view) {
   session_ = view;
+  follow_graph_options();
   // A graph a calculation wrote to the run's graph file is shown at once.
   const QFileInfo graph(q(view.graph));
   if (graph.exists() && graph.size() > 0 &&
@@ -271,6 +303,7 @@ void MainWindow::show_session(const ui::SessionView& view) {
     show_graph(view.graph);
   }
   rebuild_data_select();
+  if (FieldEditors* editors = mode_panel_->editors()) editors->set_data_sets(data_set_names());
   const bool loaded = !view.data_sets.empty();
   action("File/Write Summary Books (csv)")->setEnabled(loaded);
   // 0 before any mode is chosen.
@@ -351,6 +384,7 @@ std::optional<std::size_t> MainWindow::choose_item(const std::string& title,
 
 void MainWindow::show_dialog(const ui::Dialog& dialog, const std::vector<ui::FieldValue>& values) {
   mode_panel_->show_dialog(dialog, values);
+  mode_panel_->editors()->set_data_sets(data_set_names());
   mode_dock_->setWindowTitle(q(dialog.title));
   mode_dock_->show();
 }
@@ -473,6 +507,8 @@ void MainWindow::run_action(WindowAction action) {
                                                     .parent_path()
                                                     .parent_path()
                                                     .string()});
+    case WindowAction::kQueueJobs:
+      return open_queue_dialog();
     case WindowAction::kCommands:
       // Installed beside the program: <prefix>/share/doc/Tidemark/commands.md.
       QDesktopServices::openUrl(QUrl::fromLocalFile(QCoreApplication::applicationDirPath() +

@@ -91,6 +91,11 @@ class MainWindow : public QMainWindow {
   void view_file(const std::string& title, const std::string& path);
   void edit_file(const std::string& path);
   void rebuild_data_select();
+  // "1  LH  (lh.dat)" for each data set loaded, in store order.
+  std::vector<std::string> data_set_names() const;
+  // The graph options that GRF_OPTION lines added to the history since it was last read.
+  void follow_graph_options();
+  void open_queue_dialog();
 
   Issue issue_;
   std::string version_;
@@ -118,6 +123,8 @@ class MainWindow : public QMainWindow {
   };
   std::map<int, Work> work_;
   bool finished_ = false;
+  std::string history_read_;     // the history file as read for graph options
+  qint64 history_offset_ = 0;    // how much of it
   QDateTime graph_seen_;  // the run's graph file as last shown
   qint64 graph_size_seen_ = -1;
 };

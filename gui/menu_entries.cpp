@@ -8,7 +8,7 @@ namespace {
 
 using A = WindowAction;
 
-constexpr std::array<MenuEntry, 44> kEntries{{
+constexpr std::array<MenuEntry, 45> kEntries{{
     {"File/Read a Data File/Native Mode", "READ_NATIVE", "Read a native mode data file"},
     {"File/Write a Data File/Native Mode", "WRITE_NATIVE",
      "Write the current data set as a native mode file"},
@@ -19,6 +19,9 @@ constexpr std::array<MenuEntry, 44> kEntries{{
     {"File/Reset the Program", "RESET", "Empty the data set store"},
     {"File/Change Default Folder (CD)", "CD", "Change the default data folder"},
     {"File/Run a Batch File (@)", "@", "Run a command file"},
+    {"File/Queue Batch Jobs", "",
+     "Queue one job per data file of a parameter file, from a template (QUEUE_JOBS)",
+     A::kQueueJobs},
     {"File/Exit", "EXIT", "End the program"},
 
     {"Results/Log File/View", "", "Show the log of this run", A::kViewLog},

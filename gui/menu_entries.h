@@ -27,6 +27,7 @@ enum class WindowAction {
   kCalculator,
   kAbout,
   kCommands,        // the command reference
+  kQueueJobs,       // the queue dialog, whose Queue button issues QUEUE_JOBS
 };
 
 struct MenuEntry {

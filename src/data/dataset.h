@@ -18,6 +18,24 @@ constexpr std::array<T, N> filled(T v) {
 }
 }  // namespace detail
 
+// A secretion event: the time of its secretion maximum and log10 of its height.
+struct SecretionEvent {
+  double position = 0;    // time of the event
+  double log_height = 0;  // log10 of its height
+  bool operator==(const SecretionEvent&) const = default;
+};
+
+// The model a simulated set was made from: its parameters (the order of answers 1..8,
+// missing beyond its half-lives) and its events. The answers slots hold the same at first,
+// but every pulse analysis writes what it found there; this copy stays, so a result can
+// always be judged against the truth. Empty for measured data; not written to files.
+struct SimulatedTruth {
+  std::vector<double> parameters;
+  std::vector<SecretionEvent> events;
+  bool known() const { return !parameters.empty(); }
+  bool operator==(const SimulatedTruth&) const = default;
+};
+
 // The eight point columns, in the order of a data line (FX4 last).
 enum Column : int { kX = 0, kY, kDY, kReps, kFx1, kFx2, kFx3, kFx4, kColumnCount };
 
@@ -49,6 +67,8 @@ struct DataSet {
   std::array<float, kRealCount> reals = detail::filled<float, kRealCount>(core::kMissingF);
   std::array<int, kIntegerCount> integers = detail::filled<int, kIntegerCount>(core::kMissingInt);
   std::array<std::string, kStringCount> strings;
+  // The model of a simulated set (SIMULATE); empty otherwise.
+  SimulatedTruth truth;
   // This set's row of the summary books, filled by the analyses that ran on it.
   SummaryRow summary;
 

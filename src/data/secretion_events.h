@@ -16,11 +16,6 @@ namespace tidemark::data {
 inline constexpr int kModelParameterCount = 8;
 inline constexpr int kMaxSecretionEvents = 96;
 
-struct SecretionEvent {
-  double position = 0;    // time of the event
-  double log_height = 0;  // log10 of its height
-};
-
 // The events of `set`: the leading run of non-missing POSITION slots, each with its
 // LogHeight (which may be missing).
 std::vector<SecretionEvent> secretion_events(const DataSet& set);

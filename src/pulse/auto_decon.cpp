@@ -72,8 +72,8 @@ DeconFitResult fit_events(const DeconSeries& series, ModelVector v, const AutoDe
 }
 
 // Removes degenerate events, then the least significant event while its P exceeds the
-// critical P, refitting after each removal. A refit that fails ends the triage with the
-// last good fit. `fit` must be a successful fit.
+// per-event critical P, refitting after each removal. A refit that fails ends the triage
+// with the last good fit. `fit` must be a successful fit.
 DeconFitResult triage(const DeconSeries& series, DeconFitResult fit,
                       const AutoDeconOptions& options, std::vector<double>& p_values,
                       int& removals) {
@@ -82,8 +82,9 @@ DeconFitResult triage(const DeconSeries& series, DeconFitResult fit,
     if (!drop_degenerate(v, series, removals)) {
       // Events that fail even without refitting go first, cheaply.
       const std::vector<double> screened = screen_events(series, fit);
+      const double critical = event_critical_p(options.critical_p, v.layout.events);
       const auto clear = std::max_element(screened.begin(), screened.end());
-      if (clear != screened.end() && *clear > options.critical_p) {
+      if (clear != screened.end() && *clear > critical) {
         v.remove_event(static_cast<int>(clear - screened.begin()));
         ++removals;
         DeconFitResult refit = fit_events(series, v, options, removals);
@@ -96,7 +97,7 @@ DeconFitResult triage(const DeconSeries& series, DeconFitResult fit,
       const EventTestResult tests = test_events(series, fit, options.fit);
       p_values = tests.p_values;
       const auto worst = std::max_element(p_values.begin(), p_values.end());
-      if (worst == p_values.end() || *worst <= options.critical_p) return fit;
+      if (worst == p_values.end() || *worst <= critical) return fit;
       v.remove_event(static_cast<int>(worst - p_values.begin()));
       ++removals;
     }
@@ -110,6 +111,10 @@ DeconFitResult triage(const DeconSeries& series, DeconFitResult fit,
 }
 
 }  // namespace
+
+double event_critical_p(double critical_p, int events) {
+  return critical_p / std::max(1, events);
+}
 
 Insertion best_insertion(const DeconSeries& series, const DeconFitResult& fit) {
   const std::size_t n = series.time.size();

@@ -12,7 +12,9 @@
 namespace tidemark::pulse {
 
 struct AutoDeconOptions {
-  double critical_p = 0.05;  // an event whose P exceeds this is removed
+  // The level for the whole series: with K events, an event whose P exceeds
+  // critical_p / K is removed (see event_critical_p).
+  double critical_p = 0.05;
   int max_rounds = kMaxEvents;
   DeconFitOptions fit;
 };
@@ -33,6 +35,12 @@ struct AutoDeconResult {
 
   bool ok() const { return status == AutoDeconStatus::kOk; }
 };
+
+// The critical P of one event among `events`: Bonferroni's share critical_p / events of
+// the series' level. Every event kept is the best of many places the search looked at,
+// and a series holds a dozen or more; tested each at the series' level, about one
+// spurious event in twenty candidates would survive.
+double event_critical_p(double critical_p, int events);
 
 // Runs the search on `series` from `start`. The secretion SD and the half-lives (with
 // their fractions) are held during the search and freed for the last fit where `start`

@@ -22,12 +22,6 @@ EventTestResult test_events(const DeconSeries& series, const DeconFitResult& fit
   for (int e = 0; e < fit.model.layout.events; ++e) {
     ModelVector without = fit.model;
     without.remove_event(e);
-    // The other events keep their positions: free, a neighbour would move over to take
-    // the removed event's place, and two events sharing one burst would each look
-    // dispensable.
-    for (int k = 0; k < without.layout.events; ++k) {
-      without.free[static_cast<std::size_t>(without.layout.position_index(k))] = false;
-    }
     const DeconFitResult refit = fit_model(series, without, refit_options);
     double ssr = std::numeric_limits<double>::infinity();
     if (refit.usable()) {

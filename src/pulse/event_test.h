@@ -20,11 +20,12 @@ struct EventTestResult {
 };
 
 // Tests every event of `fit` (a successful fit of `series`): refits without the event,
-// with the same free entries except the other events' positions (held, so that no
-// neighbour moves over into the removed event's place), from the fitted values, for at most options.test_iterations
-// steps (a refit stopped there counts with its SSR, which can only lie above the
-// minimum's); a refit that fails counts with the SSR of the fitted vector minus the event
-// (not refitted).
+// with the same free entries, from the fitted values, for at most
+// options.test_iterations steps (a refit stopped there counts with its SSR, which can
+// only lie above the minimum's); a refit that fails counts with the SSR of the fitted
+// vector minus the event (not refitted). The other events' positions stay free: when a
+// spurious event splits one burst with a real one, the real one moves back to the
+// burst's centre in the refit, and the spurious event shows as dispensable.
 EventTestResult test_events(const DeconSeries& series, const DeconFitResult& fit,
                             const DeconFitOptions& options = {});
 

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <memory>
 
+#include "render/cairo_library.h"
 #include "render/draw_parts.h"
 #include "render/layout.h"
 #include "render/legend_place.h"
@@ -118,6 +119,7 @@ double page_height(const graphics::Plot& plot, const RenderOptions& options) {
 
 RenderResult render(const graphics::Plot& plot, Format format, const RenderOptions& given) {
   RenderResult r;
+  if (!cairo_ready(r.message)) return r;  // status kCairoError
   if (!options_valid(given)) {
     r.status = RenderStatus::kBadOptions;
     r.message = "graph view settings out of range (page size, resolution or font size)";

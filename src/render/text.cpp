@@ -1,5 +1,7 @@
 #include "render/text.h"
 
+#include <cairo-ft.h>
+
 #include <string>
 
 // Under AddressSanitizer: fontconfig, which cairo uses to find fonts, keeps its
@@ -76,10 +78,51 @@ double font_points(const RenderOptions& options, Role role) {
   return options.font_size;
 }
 
+namespace {
+
+// The two faces of one drawing. cairo's own faces (cairo_select_font_face) are shared by
+// the whole process, and each is matched to a font file once, with the hinting of the
+// surface it first drew on: after an SVG page (the desktop's graph view measures its
+// page so) a PNG of the same process came out unhinted, byte for byte unlike the same
+// PNG drawn first. Faces of our own, kept on the context and matched at their first
+// use, give every drawing the text of its own surface, whatever was drawn before.
+struct Faces {
+  std::string family;
+  cairo_font_face_t* regular = nullptr;
+  cairo_font_face_t* bold = nullptr;
+  ~Faces() {
+    cairo_font_face_destroy(regular);
+    cairo_font_face_destroy(bold);
+  }
+};
+
+const cairo_user_data_key_t kFacesKey{};
+
+// The family's face as cairo's own face of that family and weight is described.
+cairo_font_face_t* make_face(const std::string& family, bool bold) {
+  FcPattern* pattern = FcPatternCreate();
+  FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
+  FcPatternAddInteger(pattern, FC_SLANT, FC_SLANT_ROMAN);
+  FcPatternAddInteger(pattern, FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_MEDIUM);
+  cairo_font_face_t* face = cairo_ft_font_face_create_for_pattern(pattern);
+  FcPatternDestroy(pattern);
+  return face;
+}
+
+cairo_font_face_t* drawing_face(cairo_t* cr, const std::string& family, bool bold) {
+  auto* faces = static_cast<Faces*>(cairo_get_user_data(cr, &kFacesKey));
+  if (faces == nullptr || faces->family != family) {
+    faces = new Faces{family, make_face(family, false), make_face(family, true)};
+    cairo_set_user_data(cr, &kFacesKey, faces, [](void* f) { delete static_cast<Faces*>(f); });
+  }
+  return bold ? faces->bold : faces->regular;
+}
+
+}  // namespace
+
 void use_font(cairo_t* cr, const RenderOptions& options, Role role) {
   const bool bold = role == Role::kPanelTitle || role == Role::kPageTitle;
-  cairo_select_font_face(cr, options.font.c_str(), CAIRO_FONT_SLANT_NORMAL,
-                         bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+  cairo_set_font_face(cr, drawing_face(cr, options.font, bold));
   cairo_set_font_size(cr, font_points(options, role));
 }
 

@@ -11,6 +11,7 @@ void KeptResults::take(const ModeOutput& output, const data::Store& store, int s
   if (set_index != shown.set_index || name != shown.set_name) {
     shown.output.summary.clear();
     shown.output.events.reset();
+    shown.output.model_parameters.reset();
   }
   shown.set_index = set_index;
   shown.set_name = name;
@@ -18,6 +19,7 @@ void KeptResults::take(const ModeOutput& output, const data::Store& store, int s
   if (output.graph) shown.output.graph = output.graph;
   for (const auto& [column, cell] : output.summary) shown.output.summary[column] = cell;
   if (output.events) shown.output.events = output.events;
+  if (output.model_parameters) shown.output.model_parameters = output.model_parameters;
   shown.fields = values;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // The results a mode's calculations left on show (listing, graph source, the dialog's
-// read-only result fields, the summary-book cells and secretion events put on the data
-// set), and the set STORE_RESULTS keeps aside, which RECALL_RESULTS brings back. The
+// read-only result fields, the summary-book cells, model parameters and secretion events
+// put on the data set), and the set STORE_RESULTS keeps aside, which RECALL_RESULTS brings back. The
 // module frame keeps them for every mode alike, from what the output path wrote.
 #include <optional>
 #include <string>
@@ -28,7 +28,7 @@ class KeptResults {
   bool store();
 
   // Brings the kept results back on show: rewrites the listing and the graph source,
-  // puts the summary cells and events back on their data set (when it is still loaded
+  // puts the summary cells, model parameters and events back on their data set (when it is still loaded
   // under the same name) and the result fields into `values`. False when none were
   // kept; else the output path's result.
   std::optional<OutputResult> recall(const OutputTargets& to, data::Store& store,

@@ -38,6 +38,7 @@ OutputResult write_output(const ModeOutput& output, const OutputTargets& to) {
   append(to.answers, output.answers, result);
   if (to.data_set != nullptr) {
     for (const auto& [column, cell] : output.summary) to.data_set->summary[column] = cell;
+    if (output.model_parameters) data::set_model_parameters(*to.data_set, *output.model_parameters);
     if (output.events) data::set_secretion_events(*to.data_set, *output.events);
   }
   for (const std::string& line : output.log_lines) to.log.log(line);

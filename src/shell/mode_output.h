@@ -2,8 +2,10 @@
 // The one output path of the modes. A calculation hands back what it produced as a
 // ModeOutput; the module frame writes it: the listing (temp/LIST_<id>.lst) and the graph
 // source (the run's GRF_<id>.grf) are replaced, the answers block is appended to the
-// run's BST_<id>.BST, the log lines are logged, the summary-book cells and the secretion
-// events go onto the data set the calculation ran on, and a written graph is shown.
+// run's BST_<id>.BST, the log lines are logged, the summary-book cells, the model
+// parameters and the secretion events go onto the data set the calculation ran on, and a
+// written graph is shown.
+#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -25,10 +27,16 @@ struct ModeOutput {
   data::SummaryRow summary{};            // cells put into the data set's summary row
   // The data set's secretion events are replaced by these, when present.
   std::optional<std::vector<data::SecretionEvent>> events{};
+  // The index in the store of the data set the summary cells and events go on, when it
+  // is not the current one (SRQuant's output data set).
+  std::optional<int> data_set{};
+  // The data set's model parameters (answers 1..8) are replaced by these, when present.
+  std::optional<std::array<double, data::kModelParameterCount>> model_parameters{};
 
   // True when the calculation produced nothing to write.
   bool empty() const {
-    return !listing && !graph && answers.empty() && log_lines.empty() && summary.empty() && !events;
+    return !listing && !graph && answers.empty() && log_lines.empty() && summary.empty() &&
+           !events && !model_parameters;
   }
 };
 
@@ -49,8 +57,8 @@ struct OutputResult {
   bool ok() const { return message.empty(); }
 };
 
-// Writes `output`, in this order: listing, graph, answers, summary cells, events, log
-// lines; then shows the graph when one was written.
+// Writes `output`, in this order: listing, graph, answers, summary cells, model
+// parameters, events, log lines; then shows the graph when one was written.
 [[nodiscard]] OutputResult write_output(const ModeOutput& output, const OutputTargets& to);
 
 }  // namespace tidemark::shell

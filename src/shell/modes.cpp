@@ -20,7 +20,7 @@ const std::array<ModeInfo, kModeCount>& mode_table() {
       {"Pulse", 0, false, "PULSE"},
       {"Pulse2", 0, false, "PULSE2"},
       {"Pulse4", 0, false, "PULSE4"},
-      {"SRQuant", 0, false, "DOSE_RESPONSE"},
+      {"SRQuant", 0, false, "DOSE_RESPONSE", "RESPONSE"},
       {"X_ApEn", 0, true, "XAPEN"},
   }};
   return kModes;

@@ -24,6 +24,9 @@ struct ModeInfo {
   bool needs_two_sets = false;
   // The prefix of the mode's button commands, without the "_" (CLUSTER_CALCULATE).
   std::string_view prefix;
+  // A second prefix the same commands answer to (RESPONSE_CALCULATE for
+  // DOSE_RESPONSE_CALCULATE); empty for none.
+  std::string_view alias{};
 };
 
 const std::array<ModeInfo, kModeCount>& mode_table();

@@ -56,9 +56,13 @@ class Frame {
         index_(index),
         name_(mode_info(index).name),
         prefix_(mode_info(index).prefix),
+        alias_(mode_info(index).alias.empty() ? prefix_ : std::string(mode_info(index).alias)),
         calculate_(prefix_ + "_CALCULATE"),
         print_(prefix_ + "_PRINT"),
         view_(prefix_ + "_VIEW"),
+        alias_calculate_(alias_ + "_CALCULATE"),
+        alias_print_(alias_ + "_PRINT"),
+        alias_view_(alias_ + "_VIEW"),
         module_(std::move(module)),
         shown_(with_buttons(module_->dialog(), prefix_)),
         listing_(session.temporary_file("LIST_", ".lst")),
@@ -96,14 +100,17 @@ class Frame {
   using Command = NamedCommand<Frame>;
 
   // The frame's commands, in the order they are tried; the buttons' names begin with
-  // the mode's prefix from the mode table.
-  std::array<Command, 11> commands() const {
+  // the mode's prefix from the mode table, or with its alias.
+  std::array<Command, 14> commands() const {
     return {{
         {"SET", [](std::string_view c, Frame& f) { f.set_field(c); }},
         {"SAVE_PARAMETERS", [](std::string_view c, Frame& f) { f.save_parameters(c); }},
         {calculate_, [](std::string_view c, Frame& f) { f.calculate(c); }},
         {print_, [](std::string_view c, Frame& f) { f.print(c); }},
         {view_, [](std::string_view c, Frame& f) { f.view(c); }},
+        {alias_calculate_, [](std::string_view c, Frame& f) { f.calculate(c); }},
+        {alias_print_, [](std::string_view c, Frame& f) { f.print(c); }},
+        {alias_view_, [](std::string_view c, Frame& f) { f.view(c); }},
         {"STORE_RESULTS", [](std::string_view c, Frame& f) { f.store_results(c); }},
         {"RECALL_RESULTS", [](std::string_view c, Frame& f) { f.recall_results(c); }},
         {"TEMP_CLOSE", [](std::string_view c, Frame& f) { f.close(c); }},
@@ -193,9 +200,10 @@ class Frame {
     const std::vector<ui::FieldValue> before = values_;
     ModuleContext c = context();
     const ModeResult result = module_->calculate(c);
-    const OutputResult written = write_output(result.output, targets(&session_.store().current()));
-    on_show_.calculated(result.ok(), result.output, session_.store().current().file_name);
-    results_.take(result.output, session_.store(), session_.store().current_index(), values_);
+    const int set = result.output.data_set.value_or(session_.store().current_index());
+    const OutputResult written = write_output(result.output, targets(&session_.store().at(set)));
+    on_show_.calculated(result.ok(), result.output, session_.store().at(set).file_name);
+    results_.take(result.output, session_.store(), set, values_);
     show_written_fields(before);
     session_.carried_out(core::trim(command), core::to_upper(core::trim(command)));
     if (!result.ok()) report_failure(result.message);
@@ -277,7 +285,9 @@ class Frame {
   int index_;
   std::string name_;
   std::string prefix_;
+  std::string alias_;  // the second prefix, or the prefix again
   std::string calculate_, print_, view_;  // the names of the buttons' commands
+  std::string alias_calculate_, alias_print_, alias_view_;
   std::unique_ptr<Module> module_;
   ui::Dialog shown_;  // the mode's dialog with the standard buttons
   fs::path listing_;

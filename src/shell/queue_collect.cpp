@@ -17,14 +17,20 @@ namespace fs = std::filesystem;
 namespace {
 
 // The analysis that owns a summary-book column (docs/file-formats.md): the deconvolution
-// B to I, ApEn Q to AJ, Cosine AK to AP, Cluster8 AQ to BM, Periodic BN to BX; "" for the
-// file name and unowned columns.
+// B to I, ApEn Q to AJ, Cosine AK to AP, Cluster8 AQ to BM, Periodic BN to BX, SRQuant BY
+// to DG, Concordance DH to DM, Correlation DN to DV, Gold_Method DW to EA, X_ApEn EB to
+// EQ; "" for the file name and unowned columns.
 std::string_view column_mode(int column) {
   if (column >= 2 && column <= 9) return "Decon";
   if (column >= 17 && column <= 36) return "ApEn";
   if (column >= 37 && column <= 42) return "Cosine";
   if (column >= 43 && column <= 65) return "Cluster8";
   if (column >= 66 && column <= 76) return "Periodic";
+  if (column >= 77 && column <= 111) return "SRQuant";
+  if (column >= 112 && column <= 117) return "Concordance";
+  if (column >= 118 && column <= 126) return "Correlation";
+  if (column >= 127 && column <= 131) return "Gold_Method";
+  if (column >= 132 && column <= 147) return "X_ApEn";
   return "";
 }
 

@@ -20,8 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kDialogTitle = "Queue a Series of  Jobs";
-
 // The quoted argument `index`, else the user's choice; empty when there is neither.
 std::string argument_or_choice(const std::vector<std::string>& arguments, std::size_t index,
                                Session& session, const ui::FileRequest& request) {
@@ -44,12 +42,12 @@ void queue_jobs(std::string_view command, Session& session) {
   const std::vector<std::string> arguments = quoted_arguments(command, "QUEUE_JOBS");
   const std::string tpl = argument_or_choice(
       arguments, 0, session,
-      {"Select the Template File", "Template Files [*.tpl]|*.tpl|All Files [*.*]|*.*|", {}, false});
+      {"Select the Template File", std::string(kTemplateFilter), {}, false});
   const auto tpl_text = tpl.empty() || fs::is_directory(tpl) ? std::nullopt : read_whole(tpl);
   if (!tpl_text) return session.error("Queue Error", {"Template File Does Not Exist"});
   const std::string par = argument_or_choice(
       arguments, 1, session,
-      {"Select the Parameter File", "Parameters Files [*.par]|*.tpl|All Files [*.*]|*.*|", {}, false});
+      {"Select the Parameter File", std::string(kParameterFilter), {}, false});
   const auto par_text = par.empty() || fs::is_directory(par) ? std::nullopt : read_whole(par);
   if (!par_text) return session.error("Queue Error", {"Parameters File Does Not Exist"});
 
@@ -62,7 +60,7 @@ void queue_jobs(std::string_view command, Session& session) {
   const char* shared = std::getenv("BATCH_QUEUE");
   if (arguments.size() > 2) {
     plan.folder = arguments[2];
-  } else if (session.ask(kDialogTitle, "Place the jobs in the shared queue (BATCH_QUEUE)?", false)) {
+  } else if (session.ask(kQueueDialogTitle, "Place the jobs in the shared queue (BATCH_QUEUE)?", false)) {
     if (shared == nullptr || *shared == '\0') {
       return session.error("Queue Error", {"BATCH_QUEUE names no shared queue folder"});
     }
@@ -81,11 +79,13 @@ void queue_jobs(std::string_view command, Session& session) {
 
   const QueueWriteResult written = write_queue(plan);
   if (!written.ok()) return session.error("Queue Error", {written.message});
+  const std::string done = fmt::format("{} jobs {} in {}", written.jobs,
+                                       written.already_queued ? "already queued" : "queued",
+                                       plan.folder.string());
   session.carried_out(
-      fmt::format("QUEUE_JOBS \"{}\" \"{}\" \"{}\"", tpl, par, plan.folder.string()),
-      fmt::format("{} jobs queued in {}", written.jobs, plan.folder.string()));
-  session.inform(kDialogTitle, {fmt::format("{} jobs queued in {}", written.jobs, plan.folder.string()),
-                                "Run them with BQ_parallel.sh, BQ_worker.sh or sbatch BQ_slurm.sbatch"});
+      fmt::format("QUEUE_JOBS \"{}\" \"{}\" \"{}\"", tpl, par, plan.folder.string()), done);
+  session.inform(kQueueDialogTitle,
+                 {done, "Run them with BQ_parallel.sh, BQ_worker.sh or sbatch BQ_slurm.sbatch"});
 }
 
 // COLLECT_JOBS "queue folder" "table.csv": the results of every job as one table.

@@ -10,7 +10,7 @@
 namespace tidemark::shell {
 
 struct QueuePlan {
-  std::filesystem::path folder;      // made when missing; must not hold a queue already
+  std::filesystem::path folder;      // made when missing; must not hold another queue
   std::string template_text;         // the *.tpl file's text
   std::vector<QueueEntry> entries;   // the *.par file's data files
   std::filesystem::path base;        // relative data file names are taken from here
@@ -25,6 +25,7 @@ struct QueueWriteResult {
   QueueWriteStatus status = QueueWriteStatus::kRefused;
   std::string message;
   int jobs = 0;
+  bool already_queued = false;  // the folder held this very queue: nothing was written
 
   bool ok() const { return status == QueueWriteStatus::kWritten; }
 };
@@ -35,7 +36,10 @@ std::string job_command_text(const std::string& job, const std::string& template
                              const QueueEntry& entry, const std::filesystem::path& folder);
 
 // Writes the queue. Every job file is complete before the list of jobs (BQ_jobs.txt)
-// appears, so a queue folder with a list is a whole queue.
+// appears, so a queue folder with a list is a whole queue. A folder that holds the same
+// queue already (the same jobs, each job's command file the same wherever the job now
+// is) is left as it is, its progress kept: so the command replays from a history while
+// its queue is there. A folder that holds another queue is refused.
 QueueWriteResult write_queue(const QueuePlan& plan);
 
 }  // namespace tidemark::shell

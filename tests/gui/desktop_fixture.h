@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -22,6 +23,7 @@
 
 #include "app/components.h"
 #include "gui/desktop.h"
+#include "gui/graph_view.h"
 #include "gui/main_window.h"
 #include "gui/mode_panel.h"
 #include "shell/scratch.h"
@@ -127,6 +129,24 @@ class DesktopTest : public ::testing::Test {
   void read_example(const std::string& name) {
     files_to_choose.push_back(example(name));
     trigger("File/Read a Data File/Native Mode");
+  }
+
+  // Reads the LH example and calculates Cluster8, whose graph has options; the graph
+  // view's check boxes.
+  QList<QCheckBox*> cluster8_option_boxes() {
+    read_example("lh_24h_10min.dat");
+    trigger("Mode/Cluster8");
+    window().mode_panel()->findChild<QPushButton*>("Calculate")->click();
+    settle();
+    return window().graph_view()->findChildren<QCheckBox*>();
+  }
+
+  // The graph view's check box labelled `label` now (the boxes are made again with each
+  // graph); null when there is none.
+  QCheckBox* option_box(const std::string& label) {
+    for (QCheckBox* box : window().graph_view()->findChildren<QCheckBox*>())
+      if (box->text().toStdString() == label) return box;
+    return nullptr;
   }
 
   Scratch scratch_;

@@ -124,11 +124,7 @@ TEST_F(MenuCommandsTest, FolderBatchFileAndGraphSteps) {
 }
 
 TEST_F(MenuCommandsTest, GraphOptionsAreCheckBoxesThatIssueGrfOption) {
-  read_example("lh_24h_10min.dat");
-  trigger("Mode/Cluster8");
-  window().mode_panel()->findChild<QPushButton*>("Calculate")->click();
-  settle();
-  const auto boxes = window().graph_view()->findChildren<QCheckBox*>();
+  const auto boxes = cluster8_option_boxes();
   ASSERT_FALSE(boxes.empty());
   QCheckBox* box = boxes.front();
   const bool was = box->isChecked();
@@ -136,12 +132,8 @@ TEST_F(MenuCommandsTest, GraphOptionsAreCheckBoxesThatIssueGrfOption) {
   box->click();  // the graph is drawn again, with new check boxes
   settle();
   EXPECT_EQ(last_command(), "GRF_OPTION \"" + label + "\" " + (was ? "OFF" : "ON"));
-  const auto again = window().graph_view()->findChildren<QCheckBox*>();
-  const auto same = std::find_if(again.begin(), again.end(), [&](QCheckBox* b) {
-    return b->text().toStdString() == label;
-  });
-  ASSERT_NE(same, again.end());
-  EXPECT_EQ((*same)->isChecked(), !was);
+  ASSERT_NE(option_box(label), nullptr);
+  EXPECT_EQ(option_box(label)->isChecked(), !was);
 }
 
 TEST_F(MenuCommandsTest, ExitAsksAndNoKeepsTheProgramRunning) {

@@ -105,10 +105,10 @@ TEST(AutoDecon, FindsEveryEventOfASeriesAndTheHalfLife) {
     for (int e = 0; e < v.layout.events; ++e) found.push_back(v.values[v.layout.position_index(e)]);
     const EventMatch m = match_events(n.true_times(), found, 15);
     EXPECT_EQ(m.matched, 6) << "seed " << seed;
-    EXPECT_LE(m.found, 7) << "seed " << seed;  // at P 0.05 a false event may pass
+    EXPECT_EQ(m.found, 6) << "seed " << seed;
     EXPECT_NEAR(v.values[kHalfLife1], 60.0, 6.0) << "seed " << seed;
     ASSERT_EQ(r.p_values.size(), found.size());
-    for (const double p : r.p_values) EXPECT_LE(p, 0.05);
+    for (const double p : r.p_values) EXPECT_LE(p, event_critical_p(0.05, 6));
     if (m.found == 6) {
       EXPECT_NEAR(v.values[kSecretionSd], 6.0, 1.5) << "seed " << seed;
     }
@@ -123,16 +123,18 @@ TEST(AutoDecon, StartingFromNoEventsInsertsThem) {
   EXPECT_EQ(r.fit.model.layout.events, 6);
 }
 
-// A floor a little under the figures measured on this small cell (8 series at 20-min
-// sampling and 5 % CV, seed 1: sensitivity 99.2 %, false positives 5.7 %, median
-// half-life error 13.4 %, Cluster8 42.9 %): a regression in AutoInit, the fit or the
-// triage shows here. docs/deconvolution.md has the full grid.
+// A floor a little under the figures measured on this small cell (8 series at 10-min
+// sampling and 5 % CV, seed 1, by decon_grid's measure: sensitivity 99.3 %, false
+// positives 0.7 %, median half-life error 4.2 %, Cluster8 59.9 %; before the event test
+// freed the neighbours' positions and the critical P was shared out over the events, 30
+// series of this cell gave 8.8 % false positives): a regression in AutoInit, the fit or
+// the triage shows here. docs/deconvolution.md has the full grid.
 TEST(DeconQuality, DetectionFloor) {
   core::Random random(1);
-  const CellQuality q = measure_cell({20, 0.05, 8, 0.05}, random);
-  EXPECT_GE(q.auto_decon.sensitivity(), 0.95);
-  EXPECT_LE(q.auto_decon.false_positive_share(), 0.09);
-  EXPECT_LE(q.auto_decon.half_life_error, 0.20);
+  const CellQuality q = measure_cell({10, 0.05, 8, 0.05}, random);
+  EXPECT_GE(q.auto_decon.sensitivity(), 0.97);
+  EXPECT_LE(q.auto_decon.false_positive_share(), 0.03);
+  EXPECT_LE(q.auto_decon.half_life_error, 0.08);
   EXPECT_GT(q.auto_decon.sensitivity(), q.cluster8.sensitivity());
   EXPECT_EQ(q.failed, 0);
 }

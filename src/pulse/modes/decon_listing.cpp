@@ -54,6 +54,8 @@ std::string decon_listing(const DeconRun& run) {
   if (run.mode_name == "AutoDecon") {
     out += fmt::format(" Events Inserted = {}   Events Removed = {}\n",
                        core::format_i(run.result.insertions, 5), core::format_i(run.result.removals, 5));
+    out += fmt::format(" Critical P per Event = {}\n",
+                       g(event_critical_p(run.critical_p, v.layout.events)));
   }
   out += fmt::format(" Weighted Residual Variance = {}\n", g(fit.variance()));
   out += fmt::format(" Degrees of Freedom = {}\n", core::format_i(fit.degrees_of_freedom(), 5));

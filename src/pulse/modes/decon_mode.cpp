@@ -244,8 +244,8 @@ class DeconMode : public shell::Module {
     return v;
   }
 
-  // The listing, graph, answers, log line, summary cells and events for the frame to
-  // write; the model parameters go into the data set's answers 1..8.
+  // The listing, graph, answers, log line, summary cells, model parameters (answers 1..8)
+  // and events for the frame to write.
   shell::ModeOutput finish(DeconRun& run, shell::ModuleContext& c) {
     shell::ModeOutput output;
     output.listing = decon_listing(run);
@@ -254,7 +254,7 @@ class DeconMode : public shell::Module {
     output.log_lines = {decon_log_line(run)};
     put_decon_summary(output.summary, run);
     output.events = decon_events(run);
-    put_model_parameters(c.store.current(), run);
+    output.model_parameters = decon_model_parameters(run);
     // The fitted values become the next starting values, and Deconv's working list.
     const ModelVector& v = run.result.fit.model;
     for (int j = 0; j < v.layout.first_event_index(); ++j) c.values[static_cast<std::size_t>(j)] = v.values[j];

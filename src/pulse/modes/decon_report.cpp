@@ -22,12 +22,12 @@ std::string g(double v) {
 
 }  // namespace
 
-void put_model_parameters(data::DataSet& set, const DeconRun& run) {
+std::array<double, data::kModelParameterCount> decon_model_parameters(const DeconRun& run) {
   const ModelVector& v = run.result.fit.model;
   std::array<double, data::kModelParameterCount> fixed;
   fixed.fill(core::kMissing);
   for (int j = 0; j < v.layout.first_event_index(); ++j) fixed[j] = v.values[j];
-  data::set_model_parameters(set, fixed);
+  return fixed;
 }
 
 std::vector<data::SecretionEvent> decon_events(const DeconRun& run) {

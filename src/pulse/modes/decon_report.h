@@ -2,6 +2,7 @@
 // What an AutoDecon or Deconv calculation leaves beyond its listing and graph: the model
 // and events in the data set's answers slots, its summary-book row, the answers-file
 // block and the log lines.
+#include <array>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,8 @@
 
 namespace tidemark::pulse {
 
-// Answers 1..8 of `set`: the fitted parameters (missing beyond the half-lives).
-void put_model_parameters(data::DataSet& set, const DeconRun& run);
+// Answers 1..8 of the data set: the fitted parameters (missing beyond the half-lives).
+std::array<double, data::kModelParameterCount> decon_model_parameters(const DeconRun& run);
 
 // The fitted events, for the data set's answers slots after the parameters.
 std::vector<data::SecretionEvent> decon_events(const DeconRun& run);

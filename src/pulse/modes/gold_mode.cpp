@@ -10,6 +10,7 @@
 #include "pulse/gold_kernel.h"
 #include "pulse/modes/gold_graph.h"
 #include "pulse/modes/gold_listing.h"
+#include "pulse/modes/gold_summary.h"
 
 namespace tidemark::pulse {
 namespace {
@@ -49,15 +50,16 @@ void take_samples(const data::DataSet& set, GoldRunInput& in) {
   }
 }
 
-// What the frame writes for a run: the listing, the graph, the answers block and the
-// log line.
-shell::ModeOutput gold_output(const GoldRun& run) {
+// What the frame writes for a run: the listing, the graph, the answers block, the log
+// line and `summary` (the cells of a converged run).
+shell::ModeOutput gold_output(const GoldRun& run, data::SummaryRow summary = {}) {
   return {.listing = gold_listing(run),
           .graph = gold_graph(run),
           .answers = gold_answers(run),
           .log_lines = {fmt::format("GOLD_METHOD: {} samples, {} iterations, R = {}",
                                     run.input.time.size(), run.output.result.iterations,
-                                    core::trim(core::format_g15_5(run.output.result.residual)))}};
+                                    core::trim(core::format_g15_5(run.output.result.residual)))},
+          .summary = std::move(summary)};
 }
 
 class GoldMode : public shell::Module {
@@ -98,7 +100,7 @@ class GoldMode : public shell::Module {
     run.output.result = gold_deconvolve({conc, sd, in.used}, kernel.kernel,
                                         {kernel.first_lag, kernel.last_lag, in.interval});
     const GoldResult& result = run.output.result;
-    if (result.ok()) return shell::ModeResult::done(gold_output(run));
+    if (result.ok()) return shell::ModeResult::done(gold_output(run, gold_summary(run)));
     // Without convergence the last estimate is still shown; other failures leave none.
     if (result.status != GoldStatus::kNoConvergence) {
       return shell::ModeResult::failed({"Gold Method Deconvolution Error: " + result.message});

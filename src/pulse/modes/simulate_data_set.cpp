@@ -1,6 +1,7 @@
 #include "pulse/modes/simulate_data_set.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "core/missing.h"
@@ -32,6 +33,7 @@ data::DataSet simulated_data_set(const SimulatedSeries& series, int replicates,
                       series.parameters[series.layout.log_height_index(e)]});
   }
   data::set_secretion_events(set, events);
+  set.truth = {{model.begin(), model.end()}, std::move(events)};
   set.modified = true;  // made in this run: no file holds it yet
   return set;
 }

@@ -9,6 +9,7 @@
 #include "data/secretion_events.h"
 #include "stats/modes/concordance_graph.h"
 #include "stats/modes/concordance_report.h"
+#include "stats/modes/concordance_summary.h"
 #include "ui/work_progress.h"
 
 namespace tidemark::stats {
@@ -91,7 +92,8 @@ class ConcordanceMode : public shell::Module {
       return shell::ModeResult::failed({"Concordance calculation cancelled."});
     report.table = probability_table(histogram, static_cast<double>(cycles));
     shell::ModeOutput output{.listing = concordance_listing(report),
-                             .graph = concordance_graph(report, a, b)};
+                             .graph = concordance_graph(report, a, b),
+                             .summary = concordance_summary(report)};
     std::string table;
     for (const auto& row : concordance_grid_rows(report.table)) {
       output.log_lines.push_back("Concordance: " + row);

@@ -6,6 +6,7 @@
 
 #include "stats/modes/correlation_graph.h"
 #include "stats/modes/correlation_listing.h"
+#include "stats/modes/correlation_summary.h"
 #include "stats/modes/paired_series.h"
 
 namespace tidemark::stats {
@@ -45,7 +46,8 @@ class CorrelationMode : public shell::Module {
         {.listing = correlation_listing(analysis, s.a->file_name, s.b->file_name, s.delta_t),
          .graph = correlation_graph(analysis, *s.a, *s.b, n, s.delta_t),
          .log_lines = {fmt::format("Correlation: A = {}, B = {}, N = {}, max Lag = {}",
-                                   s.a->file_name, s.b->file_name, n, max_lag)}});
+                                   s.a->file_name, s.b->file_name, n, max_lag)},
+         .summary = correlation_summary(analysis)});
   }
 };
 

@@ -82,7 +82,7 @@ data::SummaryRow summary_cells(const PeaksResult& peaks, const HarmonicFitResult
   const auto of_peak = [peak](double v) { return peak ? v : core::kMissing; };
   const std::array<double, kSummaryTitles.size()> values{
       fit.period,    of_peak(best.power), of_peak(best.fap), of_peak(best.permutation_fap),
-      fit.harmonics, fit.mesor,           fit.amplitude,     fit.acrophase,
+      static_cast<double>(fit.harmonics), fit.mesor,           fit.amplitude,     fit.acrophase,
       fit.nadir,     fit.percent_rhythm,  fit.p_value};
   data::SummaryRow row;
   for (std::size_t j = 0; j < values.size(); ++j) {

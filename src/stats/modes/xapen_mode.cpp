@@ -7,6 +7,7 @@
 #include "stats/modes/paired_series.h"
 #include "stats/modes/xapen_graph.h"
 #include "stats/modes/xapen_report.h"
+#include "stats/modes/xapen_summary.h"
 #include "ui/work_progress.h"
 
 namespace tidemark::stats {
@@ -89,7 +90,8 @@ class XApEnMode : public shell::Module {
     show_results(c, lines);
     return shell::ModeResult::done({.listing = xapen_listing(report),
                                     .graph = xapen_graph(report, *s.a, *s.b),
-                                    .log_lines = lines});
+                                    .log_lines = lines,
+                                    .summary = xapen_summary(report)});
   }
 };
 

@@ -53,6 +53,43 @@ TEST(DeconProgram, AutoDeconFindsTheEventsAndKeepsThemOnTheDataSet) {
   EXPECT_NEAR(store.current().answers[3], 45.0, 9.0);  // HALF-LIFE(1)
 }
 
+// A recall puts the kept calculation's model parameters back on the data set, with its
+// events: the second calculation held HALF-LIFE(1) at 70, the first fitted it near 45.
+TEST(DeconProgram, RecallBringsBackTheKeptParametersAndEvents) {
+  Scratch home, work;
+  work.write("run.cmd", std::string(kSimulate) +
+                            "MODE AutoDecon\n"
+                            "DECON_CALCULATE\n"
+                            "WRITE_NATIVE \"first.dat\"\n"
+                            "STORE_RESULTS\n"
+                            "SET Fit HALF-LIFE(1) = OFF\n"
+                            "SET HALF-LIFE(1) = 70\n"
+                            "SET Starting Events = None\n"
+                            "DECON_CALCULATE\n"
+                            "WRITE_NATIVE \"second.dat\"\n"
+                            "RECALL_RESULTS\n"
+                            "WRITE_NATIVE \"recalled.dat\"\n"
+                            "EXIT\n");
+  const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
+  ASSERT_EQ(run.status, 0) << run.err;
+  const auto read = [&](const char* name) {
+    data::Store store;
+    ui::RecordingUi ui;
+    ui::MemoryLog log;
+    EXPECT_TRUE(data::read_native(store, (work / name).string(), ui, log)) << name;
+    return store.current();
+  };
+  const data::DataSet first = read("first.dat");
+  const data::DataSet second = read("second.dat");
+  const data::DataSet recalled = read("recalled.dat");
+  EXPECT_NEAR(first.answers[3], 45.0, 9.0);
+  EXPECT_EQ(second.answers[3], 70.0);
+  for (int j = 0; j < data::kModelParameterCount; ++j) {
+    EXPECT_EQ(recalled.answers[j], first.answers[j]) << "answer " << j + 1;
+  }
+  EXPECT_EQ(data::secretion_events(recalled), data::secretion_events(first));
+}
+
 TEST(DeconProgram, DeconvFitsTheEventsTheUserGives) {
   Scratch home, work;
   work.write("run.cmd", std::string(kSimulate) +

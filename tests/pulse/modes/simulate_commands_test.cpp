@@ -6,6 +6,7 @@
 
 #include "core/missing.h"
 #include "data/secretion_events.h"
+#include "pulse/modes/cluster8_mode.h"
 #include "pulse/modes/simulate_arguments.h"
 #include "shell/session_fixture.h"
 
@@ -104,6 +105,26 @@ TEST_F(SimulateCommand, TheSeedKeyMakesTheSeriesRepeatable) {
   ASSERT_EQ(f.session->store().count(), 3);
   EXPECT_EQ(f.session->store().at(0).y(), f.session->store().at(2).y());
   EXPECT_NE(f.session->store().at(0).y(), f.session->store().at(1).y());
+}
+
+// An analysis leaves its events in the answers slots, where the simulated events were;
+// the truth stays on the set, as SIMULATE made it.
+TEST(SimulatedTruth, StaysWhenAnAnalysisWritesItsEvents) {
+  SessionFixture f(testing_support::only_mode(3, [](int) { return make_cluster8_mode(); }));
+  f.session->set_simulator(make_simulate_commands());
+  f.run({"SIMULATE SEED=3 EVENTS=200:0,500:0,800:0,1100:0 NOISE_CV=0.05", "MODE Cluster8",
+         "CLUSTER_CALCULATE"});
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  const data::DataSet& set = f.session->store().current();
+  const std::vector<data::SecretionEvent> truth = {{200, 0}, {500, 0}, {800, 0}, {1100, 0}};
+  ASSERT_TRUE(set.truth.known());
+  EXPECT_EQ(set.truth.events, truth);
+  ASSERT_EQ(set.truth.parameters.size(), 8u);
+  EXPECT_EQ(set.truth.parameters[3], 45.0);  // HALF-LIFE(1), SIMULATE's default
+  // Cluster8's peaks lie on its sampling grid with heights from the concentration rise.
+  const auto found = data::secretion_events(set);
+  ASSERT_FALSE(found.empty());
+  EXPECT_NE(found, truth);
 }
 
 }  // namespace

@@ -176,7 +176,8 @@ TEST(CosineScan, TriesThePeriodsOfThePointsTheConditionerInserted) {
   ASSERT_EQ(graph.plot.panels.size(), 2u);
   const std::vector<double>& periods = graph.plot.panels[1].series.at(0).x;
   ASSERT_EQ(periods.size(), 45u);
-  for (std::size_t k = 0; k < periods.size(); ++k) EXPECT_EQ(periods[k], 30.0 + 10.0 * k);
+  for (std::size_t k = 0; k < periods.size(); ++k)
+    EXPECT_EQ(periods[k], 30.0 + 10.0 * static_cast<double>(k));
 }
 
 }  // namespace

@@ -31,7 +31,8 @@ void write_data_series(PlotWriter& w, const CommonGraph& g) {
   when_checked(w, kShowDataPoints, d.data_points, [&] { w.symbol(Symbol::kCircle); });
   when_checked(w, kShowConnectingCurve, d.connecting_curve, [&] { w.line(Dash::kSolid); });
   if (!g.sd.empty()) when_checked(w, kShowErrorBars, d.error_bars, [&] { w.error_bars(); });
-  when_checked(w, g.pulse_family ? kShowMissingValues : kMarkMissingValues, d.missing_values,
+  const bool show = g.pulse_family || g.show_missing_label;
+  when_checked(w, show ? kShowMissingValues : kMarkMissingValues, d.missing_values,
                [&] { w.mark_missing(); });
   w.data(g.x, g.y, g.sd);
 }

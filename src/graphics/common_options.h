@@ -19,7 +19,7 @@ namespace tidemark::graphics {
 
 // The labels of the common options. The Pulse family says "Position Crosshairs" and
 // "Show Missing Values" where the other modes say "Position Markers" and "Mark Missing
-// Values".
+// Values"; Correlation and Concordance say "Position Markers" and "Show Missing Values".
 inline constexpr std::string_view kPositionMarkers = "Position Markers";
 inline constexpr std::string_view kPositionCrosshairs = "Position Crosshairs";
 inline constexpr std::string_view kLogScale = "Log Concentration Scale";
@@ -61,6 +61,8 @@ struct CommonGraph {
   // option labels are "Position Crosshairs" and "Show Missing Values".
   std::span<const Crosshair> crosshairs{};
   bool pulse_family = false;
+  // "Show Missing Values" without the Pulse family's crosshairs (Correlation, Concordance).
+  bool show_missing_label = false;
   CommonDefaults defaults{};
 };
 

@@ -21,6 +21,9 @@ class KeptResults {
   void take(const ModeOutput& output, const data::Store& store, int set_index,
             const std::vector<ui::FieldValue>& values);
 
+  // The file name of the data set whose results are on show; empty when none are.
+  std::string shown_set_name() const { return shown_ ? shown_->set_name : std::string(); }
+
   // Keeps the results on show aside; false when there are none.
   bool store();
 

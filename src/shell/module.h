@@ -82,6 +82,10 @@ class Module {
   virtual std::string settings_file() const = 0;
   // The prefix of the fix file's name ("pul_FIX_" for the Pulse family).
   virtual std::string fix_prefix() const { return "FIX_"; }
+  // The title of the box of a failed calculation when the mode has one of its own
+  // ("CLUSTER8 ERROR"); its first line is then "Error Reported by " + mode name. Empty:
+  // the box is titled "Error Reported by " + mode name.
+  virtual std::string error_box_title() const { return {}; }
 
   // Runs the computation on the selected data set(s) and gives back what it produced;
   // writes no file itself.

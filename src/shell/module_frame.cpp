@@ -11,6 +11,7 @@
 #include "shell/file_ops.h"
 #include "shell/kept_results.h"
 #include "shell/run_file_commands.h"
+#include "shell/shown_results.h"
 #include "shell/settings_file.h"
 #include "shell/shared_handler.h"
 
@@ -87,6 +88,7 @@ class Frame {
         session_.request_exit();
         break;
       }
+      note_earlier_results(*command);
       if (!handle_shared_command(*command, session_) && !handle_own(*command)) {
         session_.ignore(*command);
       }
@@ -200,11 +202,22 @@ class Frame {
     const ModeResult result = module_->calculate(c);
     const int set = result.output.data_set.value_or(session_.store().current_index());
     const OutputResult written = write_output(result.output, targets(&session_.store().at(set)));
+    on_show_.calculated(result.ok(), result.output, session_.store().at(set).file_name);
     results_.take(result.output, session_.store(), set, values_);
     show_written_fields(before);
     session_.carried_out(core::trim(command), core::to_upper(core::trim(command)));
-    if (!result.ok()) session_.error(error_title(), result.message);
+    if (!result.ok()) report_failure(result.message);
     if (!written.ok()) session_.error(error_title(), written.message);
+  }
+
+  // The box of a failed calculation: the mode's own title with "Error Reported by " +
+  // mode name as its first line, or that text as the title.
+  void report_failure(const std::vector<std::string>& lines) {
+    const std::string title = module_->error_box_title();
+    if (title.empty()) return session_.error(error_title(), lines);
+    std::vector<std::string> shown{error_title()};
+    shown.insert(shown.end(), lines.begin(), lines.end());
+    session_.error(title, shown);
   }
 
   bool listing_ready(std::string_view command) {
@@ -241,10 +254,18 @@ class Frame {
     const auto written =
         results_.recall(targets(nullptr), session_.store(), module_->dialog(), values_);
     if (!written) return session_.error(name_, {"No results have been stored."});
+    on_show_.recalled(results_.shown_set_name());
     show_written_fields(before);
     session_.inform(name_, {"Current Results Recalled"});
     session_.carried_out(core::trim(command), {});
     if (!written->ok()) session_.error(error_title(), written->message);
+  }
+
+  // A copy or export of the listing or graph that an earlier calculation left on show,
+  // after the last calculation failed, says whose results they are before it goes on.
+  void note_earlier_results(std::string_view command) {
+    const std::string line = on_show_.earlier_results_line(command);
+    if (!line.empty()) session_.inform(name_, {line});
   }
 
   void close(std::string_view command) {
@@ -274,6 +295,7 @@ class Frame {
   fs::path settings_;
   std::vector<ui::FieldValue> values_;
   KeptResults results_;
+  ShownResults on_show_;  // whose results the listing and graph show
 };
 
 }  // namespace

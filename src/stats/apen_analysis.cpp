@@ -72,7 +72,7 @@ ApEnResult analyse_apen(WorkingSeries series, const ApEnOptions& options) {
     return failure("The number of Monte-Carlo cycles must be between 2 and 1000000.");
   }
   if (!std::isfinite(options.r) || options.r < 0) {
-    return failure("R must be a number not below zero.");
+    return failure(std::string(kNegativeRLine));
   }
   ApEnResult result;
   result.differenced = options.difference;

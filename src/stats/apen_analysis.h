@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "stats/apen.h"
 #include "stats/apen_series.h"
@@ -14,6 +15,8 @@ namespace tidemark::stats {
 
 inline constexpr int kMinApEnCycles = 2;
 inline constexpr int kMaxApEnCycles = 1'000'000;
+// The refusal of a tolerance R below 0 (or not a number), in ApEn and X_ApEn alike.
+inline constexpr std::string_view kNegativeRLine = "R must be a number not below zero.";
 
 struct ApEnOptions {
   bool difference = false;  // "First Difference Detrend"

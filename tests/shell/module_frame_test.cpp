@@ -280,5 +280,27 @@ TEST(ModuleFrameReplay, TheHistoryReproducesTheListingByteForByte) {
   EXPECT_EQ(Scratch::read(out / "first.lst"), listing);  // written again by the replay
 }
 
+// After a calculation on lh.dat and a failed one on short.dat (too few points), the
+// listing and graph on show are still lh.dat's: copying them says so; after the next
+// calculation that succeeds, a copy says nothing.
+TEST_F(ModuleFrame, ACopyAfterAFailedCalculationNamesTheDataSetTheResultsBelongTo) {
+  f.session->store().append(data_set("short.dat", "S", 2));
+  Scratch out;
+  const std::string lst = (out / "copy.lst").string(), grf = (out / "copy.grf").string();
+  f.run({"MODE Cluster8", "SELECT \"lh.dat\"", "CLUSTER_CALCULATE", "SELECT \"short.dat\"",
+         "CLUSTER_CALCULATE", "COPY_LST \"" + lst + "\"", "COPY_GRF \"" + grf + "\""});
+  const std::string line =
+      "Cluster8: The results shown belong to an earlier calculation, on data set lh.dat: the "
+      "last calculation, on data set short.dat, failed.";
+  const Lines shown = f.ui.shown();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), line), 2) << testing::PrintToString(shown);
+  EXPECT_NE(Scratch::read(lst).find("Points = 5"), std::string::npos);
+
+  SessionFixture again(echo_modes());
+  again.session->store().append(data_set("lh.dat", "LH", 5));
+  again.run({"MODE Cluster8", "CLUSTER_CALCULATE", "COPY_LST \"" + lst + "\""});
+  EXPECT_TRUE(again.ui.shown().empty()) << testing::PrintToString(again.ui.shown());
+}
+
 }  // namespace
 }  // namespace tidemark::shell

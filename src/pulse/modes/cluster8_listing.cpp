@@ -40,8 +40,10 @@ void grid_notes(std::string& out, const Cluster8Grid& g) {
   }
 }
 
-void pass_parameters(std::string& out, const Cluster8Result& r, const Cluster8Settings& s) {
-  add(out, "  Cluster Program Version" + std::string(kCluster8Version));
+void pass_parameters(std::string& out, const Cluster8Result& r, const Cluster8Settings& s,
+                     std::string_view file_name) {
+  add(out, "  Cluster Program Version" + std::string(kCluster8Version) + " on " +
+               std::string(file_name));
   add(out, "  Mean Value = " + format_g15_5(r.grid_mean));
   add(out, "  Total Area = " + format_g15_5(r.total_area));
   add(out, "1 PASS TWO -- UPS");
@@ -139,16 +141,22 @@ std::string strip_chart(float mean, float sd, float lo, float hi, bool in_pulse)
   return chart + " *" + (in_pulse ? "**" : "  ");
 }
 
-std::string cluster8_listing(const Cluster8Result& r, const Cluster8Settings& s) {
+std::string cluster8_listing(const Cluster8Result& r, const Cluster8Settings& s,
+                             std::string_view file_name) {
   std::string out;
+  const std::string data_set = " Data set " + std::string(file_name);
   if (r.stop == Cluster8Stop::kBadSettings || r.stop == Cluster8Stop::kBadTimes) {
     add(out, " " + r.message);
+    add(out, data_set);
     return out;
   }
   add(out, "Time Between Data Points = " + format_f(r.grid.dt, 10, 2));
   grid_notes(out, r.grid);
-  if (r.stop == Cluster8Stop::kTooManyMissing) return out;
-  pass_parameters(out, r, s);
+  if (r.stop == Cluster8Stop::kTooManyMissing) {
+    add(out, data_set);
+    return out;
+  }
+  pass_parameters(out, r, s, file_name);
   if (r.stop == Cluster8Stop::kTooFewPoints) {
     add(out, " " + r.message);
     return out;

@@ -3,6 +3,7 @@
 // PASS FOUR point table with its strip chart, the PEAKS and VALLEYS tables with their
 // summaries and the outlier lists, column for column in Fortran formats.
 #include <string>
+#include <string_view>
 
 #include "pulse/cluster8.h"
 
@@ -11,9 +12,12 @@ namespace tidemark::pulse {
 // Printed after "  Cluster Program Version".
 inline constexpr const char* kCluster8Version = " 8.0 (Tidemark)";
 
-// The whole listing of one run, each line ended by '\n'. A run that stopped lists what
-// was done up to the stop and the reason.
-std::string cluster8_listing(const Cluster8Result& result, const Cluster8Settings& settings);
+// The whole listing of one run on the data set `file_name`, each line ended by '\n'; the
+// version line names the data set ("  Cluster Program Version 8.0 (Tidemark) on
+// a.dat"). A run that stopped lists what was done up to the stop and the reason, and one
+// that stopped before the version line ends with " Data set a.dat".
+std::string cluster8_listing(const Cluster8Result& result, const Cluster8Settings& settings,
+                             std::string_view file_name);
 
 // The 49 characters after a point's flags: the strip chart of columns 1..45 with a "*"
 // in column truncate((x - lo) / (hi - lo) * 44 + 1.01) for x = mean, mean + sd and

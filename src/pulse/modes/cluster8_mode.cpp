@@ -51,13 +51,14 @@ class Cluster8Mode : public shell::Module {
  public:
   const ui::Dialog& dialog() const override { return cluster8_dialog(); }
   std::string settings_file() const override { return "do_cluster.ini"; }
+  std::string error_box_title() const override { return "CLUSTER8 ERROR"; }
 
   shell::ModeResult calculate(shell::ModuleContext& c) override {
     const data::DataSet& set = c.store.current();
     const Cluster8Settings settings = cluster8_settings(c);
     const Cluster8Result result = run_cluster8(cluster8_samples(set), settings);
-    shell::ModeOutput output{.listing = cluster8_listing(result, settings)};
-    if (!result.ok()) return shell::ModeResult::failed({"CLUSTER8 ERROR", result.message}, output);
+    shell::ModeOutput output{.listing = cluster8_listing(result, settings, set.file_name)};
+    if (!result.ok()) return shell::ModeResult::failed({result.message}, output);
     output.graph = cluster8_graph(set, result, settings);
     output.answers = cluster8_answers(set.file_name, result);
     output.log_lines = cluster8_log_lines(set.file_name, result);

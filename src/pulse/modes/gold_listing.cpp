@@ -32,4 +32,23 @@ std::string gold_listing(const GoldRun& run) {
   return text;
 }
 
+std::string gold_answers(const GoldRun& run) {
+  using core::format_g15_5;
+  const GoldRunInput& in = run.input;
+  const GoldResult& result = run.output.result;
+  std::string text = fmt::format("Gold_Method results for {}\n", in.file_name);
+  text += fmt::format(" Elimination Half-Life = {}\n", format_g15_5(in.half_life));
+  if (in.with_shape) text += fmt::format(" Secretion SD = {}\n", format_g15_5(in.secretion_sd));
+  text += fmt::format(" Sampling Interval = {}\n Iterations = {}\n R = {}\n",
+                      format_g15_5(in.interval), core::format_i(result.iterations, 5),
+                      format_g15_5(result.residual));
+  if (!result.ok()) text += fmt::format(" Not converged: {}\n", result.message);
+  for (std::size_t i = 0; i < in.time.size(); ++i) {
+    if (in.used[i] < 1) continue;
+    text += fmt::format(" TIME({0}) = {1}  SECRETION({0}) = {2}\n", i + 1, format_g15_5(in.time[i]),
+                        format_g15_5(result.secretion[i]));
+  }
+  return text;
+}
+
 }  // namespace tidemark::pulse

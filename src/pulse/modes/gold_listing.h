@@ -12,4 +12,9 @@ namespace tidemark::pulse {
 // took no part shows "       not used" for its secretion.
 std::string gold_listing(const GoldRun& run);
 
+// The block appended to the answers file: "Gold_Method results for " + file name, the
+// half-life (and secretion SD with the shape kernel), sampling interval, iterations and
+// R, then " SECRETION(i) = " with its " TIME(i) = " for every sample that took part.
+std::string gold_answers(const GoldRun& run);
+
 }  // namespace tidemark::pulse

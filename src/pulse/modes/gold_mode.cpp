@@ -50,11 +50,12 @@ void take_samples(const data::DataSet& set, GoldRunInput& in) {
   }
 }
 
-// What the frame writes for a run: the listing, the graph, the log line and `summary`
-// (the cells of a converged run).
+// What the frame writes for a run: the listing, the graph, the answers block, the log
+// line and `summary` (the cells of a converged run).
 shell::ModeOutput gold_output(const GoldRun& run, data::SummaryRow summary = {}) {
   return {.listing = gold_listing(run),
           .graph = gold_graph(run),
+          .answers = gold_answers(run),
           .log_lines = {fmt::format("GOLD_METHOD: {} samples, {} iterations, R = {}",
                                     run.input.time.size(), run.output.result.iterations,
                                     core::trim(core::format_g15_5(run.output.result.residual)))},

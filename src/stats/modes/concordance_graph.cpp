@@ -57,7 +57,12 @@ std::string concordance_graph(const ConcordanceReport& r, const data::DataSet& a
   w.begin_option(kShowCoincidences, graphics::When::kChecked, true);
   w.series("Coincidences", {.line = graphics::Dash::kSolid, .colour = graphics::kBlue}, x, y);
   w.end_option();
-  series_panels(w, a, b, 0.5, r.a.events, r.b.events, time);
+  series_panels(w, a, b,
+                {.height = 0.5,
+                 .a_positions = r.a.events,
+                 .b_positions = r.b.events,
+                 .time_axis = time,
+                 .show_missing_label = true});
   return w.text();
 }
 

@@ -43,9 +43,19 @@ TimeRange time_range(const data::DataSet& set) {
           set.x()[static_cast<std::size_t>(set.last_point() - 1)]};
 }
 
+// Points of the crop range of `set`.
+int cropped_points(const data::DataSet& set) {
+  return set.size() == 0 ? 0 : set.last_point() - set.first_point() + 1;
+}
+
+// The series as the concordance sees it: its crop range, and the events that lie within
+// the crop range's first and last sample times.
 ConcordanceSeries describe(const data::DataSet& set) {
-  ConcordanceSeries s{set.file_name, set.last_point() - set.first_point() + 1, {}};
-  for (const auto& e : data::secretion_events(set)) s.events.push_back(e.position);
+  ConcordanceSeries s{set.file_name, cropped_points(set), {}};
+  const TimeRange range = time_range(set);
+  for (const auto& e : data::secretion_events(set)) {
+    if (e.position >= range.first && e.position <= range.last) s.events.push_back(e.position);
+  }
   return s;
 }
 
@@ -68,8 +78,9 @@ class ConcordanceMode : public shell::Module {
     const data::DataSet& a = c.store.at(a_number - 1);
     const data::DataSet& b = c.store.at(b_number - 1);
     const long cycles = c.value<int>(kCycles);
-    // Each series needs a time range and A a sampling interval; the cycles a count.
-    if (a.size() < 2 || b.size() < 2 || cycles < 1)
+    // Each series needs a time range within its crop range and A a sampling interval;
+    // the cycles a count.
+    if (cropped_points(a) < 2 || cropped_points(b) < 2 || cycles < 1)
       return shell::ModeResult::failed({"Please get more data."});
     ConcordanceReport report{describe(a), describe(b), coincidence_range(c, a), {}, cycles, {}};
     report.pairs = match_events(report.a.events, report.b.events, report.range);
@@ -96,11 +107,12 @@ class ConcordanceMode : public shell::Module {
 
  private:
   // The dialog's range; when either end is unset, ±0.5 Δt with Δt the spacing of the
-  // first two sample times of A.
+  // first two sample times of A's crop range.
   static CoincidenceRange coincidence_range(shell::ModuleContext& c, const data::DataSet& a) {
     const double from = c.value<double>(kFrom), to = c.value<double>(kTo);
     if (!core::is_unset(from) && !core::is_unset(to)) return {from, to};
-    const double dt = static_cast<double>(a.x()[1]) - a.x()[0];
+    const auto first = static_cast<std::size_t>(a.first_point() - 1);
+    const double dt = static_cast<double>(a.x()[first + 1]) - a.x()[first];
     return {-0.5 * dt, 0.5 * dt};
   }
 

@@ -136,7 +136,7 @@ std::string correlation_graph(const CorrelationAnalysis& analysis, const data::D
   Values tau;
   for (const auto& k : analysis.kendall) tau.push_back(k.tau ? *k.tau : core::kMissing);
   lagged_panel(w, "Kendall's Tau", "Kendall's Tau", both, tau, bound);
-  series_panels(w, a, b, kSeriesPanelHeight);
+  series_panels(w, a, b, {.height = kSeriesPanelHeight, .show_missing_label = true});
   return w.text();
 }
 

@@ -27,8 +27,10 @@ std::string series_part(const SeriesCorrelation& s, const char* mean_label,
 
 }  // namespace
 
-std::string correlation_listing(const CorrelationAnalysis& analysis, double delta_t) {
-  std::string out = " Delta Time Interval = " + core::format_g15_5(delta_t) + "\n";
+std::string correlation_listing(const CorrelationAnalysis& analysis, std::string_view a_name,
+                                std::string_view b_name, double delta_t) {
+  std::string out = fmt::format(" A-series = {}   B-series = {}\n", a_name, b_name);
+  out += " Delta Time Interval = " + core::format_g15_5(delta_t) + "\n";
   out += series_part(analysis.a, "Mean of A-series = ", "Variance of A-series = ");
   out += series_part(analysis.b, "Mean of B-series = ", "Variannce of B-series = ");
   out += "  Lag   CrossCovar      CrossCorr        S.E.\n";

@@ -3,9 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <optional>
 
-#include "data/conditioner.h"
 #include "stats/modes/correlation_graph.h"
 #include "stats/modes/correlation_listing.h"
 #include "stats/modes/correlation_summary.h"
@@ -25,21 +23,6 @@ const ui::Dialog& correlation_dialog() {
   return dialog;
 }
 
-// Passes the two chosen data sets through the data conditioner (inserted points stay in
-// the stored sets); the refusal when either does not pass. Numbers that name no data
-// set are left to the pairing's refusal.
-std::optional<shell::ModeResult> condition_both(shell::ModuleContext& c, int a_number,
-                                                int b_number) {
-  for (const int number : {a_number, b_number}) {
-    if (c.store.count() < 2 || number < 1 || number > c.store.count()) return std::nullopt;
-    data::DataSet& set = c.store.at(number - 1);
-    if (!data::condition(set, false, c.ui, c.log).ok())
-      return shell::ModeResult::failed({fmt::format(
-          "Data set {} ({}) did not pass the data conditioner.", number, set.file_name)});
-  }
-  return std::nullopt;
-}
-
 class CorrelationMode : public shell::Module {
  public:
   const ui::Dialog& dialog() const override { return correlation_dialog(); }
@@ -49,7 +32,8 @@ class CorrelationMode : public shell::Module {
     const int a_number = c.value<int>(kASeries);
     const int b_number = c.value<int>(kBSeries);
     const int max_lag = c.value<int>(kMaxLag);
-    if (auto refused = condition_both(c, a_number, b_number)) return *refused;
+    if (auto refused = condition_pair(c.store, a_number, b_number, c.ui, c.log); !refused.empty())
+      return shell::ModeResult::failed(std::move(refused));
     // More points than lags; a lag below 1 is left to the routines' own refusal.
     const PairedSeries s = select_paired_series(c.store, a_number, b_number, "Cross-Correlation",
                                                 std::max(2, max_lag + 1));
@@ -59,7 +43,7 @@ class CorrelationMode : public shell::Module {
     if (!analysis.status.ok()) return shell::ModeResult::failed({analysis.status.message});
     const int n = static_cast<int>(s.ya.size());
     return shell::ModeResult::done(
-        {.listing = correlation_listing(analysis, s.delta_t),
+        {.listing = correlation_listing(analysis, s.a->file_name, s.b->file_name, s.delta_t),
          .graph = correlation_graph(analysis, *s.a, *s.b, n, s.delta_t),
          .log_lines = {fmt::format("Correlation: A = {}, B = {}, N = {}, max Lag = {}",
                                    s.a->file_name, s.b->file_name, n, max_lag)},

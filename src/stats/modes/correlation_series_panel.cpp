@@ -19,12 +19,12 @@ std::string both(const std::string& a, const std::string& b) {
 }
 
 void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string_view file_names,
-                  std::string_view handles, double height, std::span<const double> positions,
-                  const TimeAxis& time_axis) {
-  w.panel(set.handle.empty() ? set.file_name : set.handle, height);
+                  std::string_view handles, std::span<const double> positions,
+                  const SeriesPanelOptions& o) {
+  w.panel(set.handle.empty() ? set.file_name : set.handle, o.height);
   w.x_axis({.label = set.headers[data::kX].empty() ? "TIME" : set.headers[data::kX],
-            .low = time_axis.low,
-            .high = time_axis.high});
+            .low = o.time_axis.low,
+            .high = o.time_axis.high});
   graphics::write_common_options(w, {.y_label = set.concentration_header(),
                                      .file_name = file_names,
                                      .handle = set.handle,
@@ -32,7 +32,8 @@ void series_panel(graphics::PlotWriter& w, const data::DataSet& set, std::string
                                      .x = set.x(),
                                      .y = set.y(),
                                      .sd = set.dy(),
-                                     .positions = positions});
+                                     .positions = positions,
+                                     .show_missing_label = o.show_missing_label});
 }
 
 }  // namespace
@@ -54,12 +55,11 @@ TimeAxis shared_time_axis(const data::DataSet& a, const data::DataSet& b) {
 }
 
 void series_panels(graphics::PlotWriter& w, const data::DataSet& a, const data::DataSet& b,
-                   double height, std::span<const double> a_positions,
-                   std::span<const double> b_positions, const TimeAxis& time_axis) {
+                   const SeriesPanelOptions& options) {
   const std::string file_names = both(a.file_name, b.file_name);
   const std::string handles = both(a.handle, b.handle);
-  series_panel(w, a, file_names, handles, height, a_positions, time_axis);
-  series_panel(w, b, file_names, handles, height, b_positions, time_axis);
+  series_panel(w, a, file_names, handles, options.a_positions, options);
+  series_panel(w, b, file_names, handles, options.b_positions, options);
 }
 
 }  // namespace tidemark::stats

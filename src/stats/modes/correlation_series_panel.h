@@ -26,8 +26,16 @@ TimeAxis shared_time_axis(const data::DataSet& a, const data::DataSet& b);
 // events as markers. Both panels write the same footers, "a.dat  vs. b.dat" lower left
 // and "A  vs. B" lower right, so the footers coincide on the page instead of
 // overlapping.
+struct SeriesPanelOptions {
+  double height = 0.5;
+  std::span<const double> a_positions{};
+  std::span<const double> b_positions{};
+  TimeAxis time_axis{};
+  // The missing-value option's label: "Show Missing Values" (Correlation, Concordance),
+  // else "Mark Missing Values".
+  bool show_missing_label = false;
+};
 void series_panels(graphics::PlotWriter& w, const data::DataSet& a, const data::DataSet& b,
-                   double height, std::span<const double> a_positions = {},
-                   std::span<const double> b_positions = {}, const TimeAxis& time_axis = {});
+                   const SeriesPanelOptions& options);
 
 }  // namespace tidemark::stats

@@ -13,6 +13,7 @@
 #include "core/missing.h"
 #include "data/conditioner.h"
 #include "data/summary_row.h"
+#include "data/variance_model.h"
 #include "shell/command_table.h"
 #include "stats/cosine_start.h"
 #include "stats/modes/cosine_graph.h"
@@ -52,16 +53,24 @@ constexpr std::array<std::string_view, kCosineParameters + 1> kSummaryTitles{
     "Cosine Period", "Cosine Amplitude", "Cosine Phase",
     "Cosine Mean",   "Cosine Slope",     "Cosine % Remaining"};
 
-// The points a fit uses: those of the crop range with a concentration and a replicate
-// count other than 0.
-void usable_points(const data::DataSet& set, std::vector<double>& t, std::vector<double>& y) {
-  t.clear();
-  y.clear();
+// The series of the crop range as Cosine works on it: every point's time, which the
+// period scan tries as a period (the points the conditioner inserted included), and the
+// points a fit uses, the valid ones (a concentration above 0 and a replicate count other
+// than 0, as the conditioner counts them).
+struct CosineSeries {
+  std::vector<double> times;
+  std::vector<double> t, y;
+};
+
+CosineSeries cosine_series(const data::DataSet& set) {
+  CosineSeries s;
   for (int i = set.first_point() - 1; i < set.last_point(); ++i) {
-    if (core::is_missing(set.y()[i]) || set.reps()[i] == 0) continue;
-    t.push_back(set.x()[i]);
-    y.push_back(set.y()[i]);
+    s.times.push_back(set.x()[i]);
+    if (!data::is_valid_point(set.y()[i], set.reps()[i])) continue;
+    s.t.push_back(set.x()[i]);
+    s.y.push_back(set.y()[i]);
   }
+  return s;
 }
 
 double& starting_value(ModuleContext& c, int j) {
@@ -88,7 +97,7 @@ class CosineMode : public shell::Module {
     if (auto problem = prepare(c)) return ModeResult::failed({*problem});
     const CosineFlags flags = read_flags(c);
     const CosineValues start = read_grid(c, flags);
-    const CosineFit fit = fit_cosine(t_, y_, start, flags, start_.reference_variance);
+    const CosineFit fit = fit_cosine(series_.t, series_.y, start, flags, start_.reference_variance);
     const data::DataSet& set = c.store.current();
     const bool fitted = fit.engine.ok();
     shell::ModeOutput output{.graph =
@@ -131,10 +140,11 @@ class CosineMode : public shell::Module {
     const data::ConditionResult conditioned =
         data::condition(c.store.current(), false, c.ui, c.log);
     if (!conditioned.ok()) return conditioned.message;
-    usable_points(c.store.current(), t_, y_);
+    series_ = cosine_series(c.store.current());
     if (c.store.current_index() != set_index_) {
       auto progress = c.ui.progress("Cosine period scan");
-      CosineStart start = start_cosine(t_, y_, {.progress = ui::report_to(progress.get())});
+      CosineStart start = start_cosine(series_.t, series_.y, series_.times,
+                                       {.progress = ui::report_to(progress.get())});
       if (!start.complete) return std::string("Cosine period scan cancelled.");
       start_ = std::move(start);
       if (!start_.reference.ok()) {
@@ -211,7 +221,7 @@ class CosineMode : public shell::Module {
 
   int set_index_ = -1;
   CosineStart start_;
-  std::vector<double> t_, y_;
+  CosineSeries series_;
   // The starting values the mode last wrote into the grid; a field that differs from
   // its entry was set by the user since.
   CosineValues written_ = {core::kUnset, core::kUnset, core::kUnset, core::kUnset, core::kUnset};

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "core/missing.h"
+#include "data/conditioner.h"
 
 namespace tidemark::stats {
 namespace {
@@ -20,6 +21,19 @@ std::vector<float> errors(const data::DataSet& set, int first, int last) {
 }
 
 }  // namespace
+
+std::vector<std::string> condition_pair(data::Store& store, int a_number, int b_number,
+                                        ui::Ui& ui, ui::LogSink& log) {
+  for (const int number : {a_number, b_number}) {
+    if (store.count() < 2 || number < 1 || number > store.count()) return {};
+    data::DataSet& set = store.at(number - 1);
+    if (!data::condition(set, false, ui, log).ok()) {
+      return {fmt::format("Data set {} ({}) did not pass the data conditioner.", number,
+                          set.file_name)};
+    }
+  }
+  return {};
+}
 
 PairedSeries select_paired_series(const data::Store& store, int a_number, int b_number,
                                   std::string_view mode_title, int min_points) {

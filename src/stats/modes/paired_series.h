@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "data/store.h"
+#include "ui/log_sink.h"
+#include "ui/ui.h"
 
 namespace tidemark::stats {
 
@@ -32,6 +34,14 @@ struct PairedSeries {
 // "Please select new data sets." for sets that do not pair). A number that names no
 // set: "There is no data set n: choose 1 to m.". Fewer than `min_points` points:
 // "Please get more data."
+// Passes the data sets numbered `a_number` and `b_number` through the data conditioner
+// (inserted points and sorting stay in the stored sets), as every mode that reads a
+// series does. The refusal's line when either does not pass ("Data set 2 (b.dat) did
+// not pass the data conditioner."); empty when both pass, or when fewer than two sets
+// are loaded or a number names no set, which the pairing's refusal then reports.
+std::vector<std::string> condition_pair(data::Store& store, int a_number, int b_number,
+                                        ui::Ui& ui, ui::LogSink& log);
+
 PairedSeries select_paired_series(const data::Store& store, int a_number, int b_number,
                                   std::string_view mode_title, int min_points);
 

@@ -24,7 +24,7 @@ std::string xapen_graph(const XApEnReport& report, const data::DataSet& a, const
   w.begin_option(kShowSecondLength, graphics::When::kChecked, true);
   w.series("m=1", {.line = graphics::Dash::kDash, .steps = true}, lags, second);
   w.end_option();
-  series_panels(w, a, b, 0.5);
+  series_panels(w, a, b, {.height = 0.5});
   return w.text();
 }
 

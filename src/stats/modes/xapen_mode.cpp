@@ -1,5 +1,9 @@
 #include "stats/modes/xapen_mode.h"
 
+#include <cmath>
+
+#include "stats/apen_analysis.h"
+
 #include "stats/modes/paired_series.h"
 #include "stats/modes/xapen_graph.h"
 #include "stats/modes/xapen_report.h"
@@ -54,13 +58,18 @@ class XApEnMode : public shell::Module {
     show_results(c, {});
     const int cycles = c.value<int>(kCycles);
     if (cycles < kMinCycles) return shell::ModeResult::failed({"MC Cycles must be at least 2."});
-    const PairedSeries s = select_paired_series(
-        c.store, c.value<int>(kASeries), c.value<int>(kBSeries), "Cross-ApEn", kXApEnMinPoints);
+    const double r = c.value<double>(kR);
+    if (!std::isfinite(r) || r < 0) return shell::ModeResult::failed({std::string(kNegativeRLine)});
+    const int a_number = c.value<int>(kASeries), b_number = c.value<int>(kBSeries);
+    if (auto refused = condition_pair(c.store, a_number, b_number, c.ui, c.log); !refused.empty())
+      return shell::ModeResult::failed(std::move(refused));
+    const PairedSeries s =
+        select_paired_series(c.store, a_number, b_number, "Cross-ApEn", kXApEnMinPoints);
     if (!s.ok()) return shell::ModeResult::failed(s.messages);
     const Standardised a = standardise(s.ya, s.sa), b = standardise(s.yb, s.sb);
     XApEnReport report{.a_name = s.a->file_name,
                        .b_name = s.b->file_name,
-                       .r = c.value<double>(kR),
+                       .r = r,
                        .n = static_cast<int>(a.x.size()),
                        .cycles = cycles,
                        .data = {},

@@ -73,11 +73,17 @@ TEST_F(Cluster8Mode, APulseBecomesOneSecretionEventWithItsListedRow) {
   EXPECT_NE(answers.find(" POSITION(1) =      50.000    "), std::string::npos) << answers;
 }
 
+TEST_F(Cluster8Mode, TheVersionLineNamesTheDataSet) {
+  const std::string text = run_and_list({"CLUSTER_CALCULATE"});
+  EXPECT_NE(text.find("\n  Cluster Program Version 8.0 (Tidemark) on pulse.dat\n"), std::string::npos)
+      << text;
+}
+
 TEST_F(Cluster8Mode, AFailedRunIsReportedAndKeepsThePreviousEvents) {
   const std::string text =
       run_and_list({"CLUSTER_CALCULATE", "SET # Points for Peak = 11", "CLUSTER_CALCULATE"});
-  EXPECT_EQ(f.ui.shown(), (Lines{"Error Reported by Cluster8: CLUSTER8 ERROR",
-                                 "Error Reported by Cluster8: NOT ENOUGH DATA POINTS FOR PASS 3"}));
+  EXPECT_EQ(f.ui.shown(), (Lines{"CLUSTER8 ERROR: Error Reported by Cluster8",
+                                 "CLUSTER8 ERROR: NOT ENOUGH DATA POINTS FOR PASS 3"}));
   EXPECT_EQ(data::secretion_events(f.session->store().current()).size(), 1u);
   EXPECT_NE(text.find("  PEAK SIZE =    11\n  MINUMUM T-SCORE FOR INCREASE =      2.000\n"),
             std::string::npos)
@@ -97,7 +103,7 @@ TEST(Cluster8Listing, StripChartMarksMeanAndBothSdEnds) {
 TEST(Cluster8Listing, PassOneLinesUseTheirFormats) {
   const std::vector<Cluster8Sample> s{
       {4, 1, 30, 2}, {5, 1, 40, 2}, {6, 1, 50, 2}, {7, 1, 60, 2}, {8, 1, 70, 2}};
-  const std::string text = cluster8_listing(run_cluster8(s, {}), {});
+  const std::string text = cluster8_listing(run_cluster8(s, {}), {}, "test.dat");
   // F10.2 / I5 / F9.1 as gfortran writes 10, 1, 20 and 10.
   EXPECT_EQ(text.substr(0, text.find("  Cluster Program")),
             "Time Between Data Points =      10.00\n"

@@ -43,7 +43,7 @@ class MessyPulseModes : public ::testing::Test {
                      (kFixtures / "messy_series.dat").string() + "\"\n" +
                      "MODE Gold_Method\nSET Elimination Half-Life = 45\n"
                      "SET Kernel = Elimination Only\nGOLD_CALCULATE\nCOPY_LST \"gold.lst\"\n"
-                     "EXIT\n");
+                     "COPY_BST \"answers.bst\"\nEXIT\n");
     run_ = new testing_support::ProgramRun(
         run_tidemark(home.path(), work_->path(), {"-@", "run.cmd"}, ""));
   }
@@ -154,6 +154,27 @@ TEST_F(MessyPulseModes, GoldDeconvolvesTheUsedPointsOfTheConditionedCropRange) {
   }
   EXPECT_EQ(not_used, (std::vector<int>{4, 6, 9, 11, 19, 24, 25}));
   EXPECT_NE(text.find("\n   33     340.00 "), std::string::npos) << "the last point";
+}
+
+// The same run's answers file: after Cluster8's block, Gold_Method's, with the values of
+// its listing (from scripts/gen-messy-fixtures) and one secretion line for each of the
+// 26 samples used, none for the seven not used.
+TEST_F(MessyPulseModes, GoldAppendsItsResultsToTheAnswersFile) {
+  ASSERT_EQ(run_->status, 0) << run_->err;
+  const std::string answers = listing("answers.bst");
+  const std::size_t gold = answers.find("Gold_Method results for messy_series.dat\n");
+  ASSERT_NE(gold, std::string::npos) << answers;
+  const std::string block = answers.substr(gold);
+  EXPECT_EQ(value_after(block, " Iterations = "), 101.0) << block;
+  EXPECT_NEAR(value_after(block, " R = "), 70.2312, 0.001);
+  int secretions = 0;
+  for (const std::string& line : text_lines(block)) {
+    if (line.find(" SECRETION(") == std::string::npos) continue;
+    ++secretions;
+    const int i = std::stoi(line.substr(line.find("TIME(") + 5));
+    EXPECT_TRUE(i != 4 && i != 6 && i != 9 && i != 11 && i != 19 && i != 24 && i != 25) << line;
+  }
+  EXPECT_EQ(secretions, 26);
 }
 
 }  // namespace

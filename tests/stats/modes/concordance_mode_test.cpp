@@ -129,5 +129,28 @@ TEST(ConcordanceGrid, RowsShowPAndQAndTheInitialTextHasTheRowShape) {
   EXPECT_EQ(concordance_grid_rows({{1.0}, {0.0}})[0], kConcordanceGridInitial);
 }
 
+// A cropped to its points 1..13 (times 0 .. 120): its event at 200 lies outside and is
+// not counted, so of B's events at 15, 52 and 200 only 15 and 52 coincide (with 10 and
+// 50, within ±5), by hand. Cropped to one point, A has no time range: too little data.
+TEST(ConcordanceCrop, TheCropRangeBoundsTheEventsAndTheEnoughDataCheck) {
+  data::DataSet a = with_events("a.dat", {10, 50, 200});
+  a.crop_start = 1;
+  a.crop_end = 13;
+  ConcordanceRun r(a, with_events("b.dat", {15, 52, 200}),
+                   {"SET #MC Cycles = 200", "CONCORD_CALCULATE"});
+  EXPECT_NE(r.listing.find("yielded    2 coincidence peaks"), std::string::npos) << r.listing;
+  EXPECT_NE(r.listing.find(" Series A: a.dat   13 points    2 peaks\n"), std::string::npos);
+
+  a.crop_start = 5;
+  a.crop_end = 5;
+  ConcordanceRun one(a, with_events("b.dat", {15, 52, 200}),
+                     {"SET #MC Cycles = 200", "CONCORD_CALCULATE"});
+  const Lines shown = one.f.ui.shown();
+  EXPECT_NE(std::find(shown.begin(), shown.end(),
+                      "Error Reported by Concordance: Please get more data."),
+            shown.end())
+      << testing::PrintToString(shown);
+}
+
 }  // namespace
 }  // namespace tidemark::stats

@@ -50,6 +50,8 @@ TEST_F(CorrelationMode, ListsTheReferenceValuesUnderTheirHeadings) {
   ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
   // The rows are the reference values as gfortran writes them with (A,1PG15.5),
   // (I5,4(1PG15.5)), (I5,3(1PG15.5)) and (I5,1PG20.5,1PG15.5).
+  EXPECT_EQ(text.rfind(" A-series = a.dat   B-series = b.dat\n Delta Time Interval = ", 0), 0u)
+      << text;
   for (const char* expected : {
            " Delta Time Interval =      10.000    \n",
            "    1   -0.45370       -7.70440E-02    0.25588       -7.70440E-02\n",

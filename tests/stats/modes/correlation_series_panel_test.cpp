@@ -34,7 +34,7 @@ TEST(SeriesPanels, BothPanelsWriteTheSameFootersNamingBothSeries) {
     data::DataSet b = data_set("b.dat", c.b_handle, 3);
     a.headers[data::kY] = "LH";
     b.headers[data::kY] = "";
-    series_panels(w, a, b, 0.5, events);
+    series_panels(w, a, b, {.height = 0.5, .a_positions = events});
     const graphics::PlotParseResult p = graphics::parse_plot(w.text());
     ASSERT_TRUE(p.ok()) << p.message;
     ASSERT_EQ(p.plot.panels.size(), 2u);

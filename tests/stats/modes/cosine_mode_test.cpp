@@ -161,5 +161,24 @@ TEST_F(CosineMode, OnlyAChangeOfTheConcentrationsMarksTheSetModified) {
   }
 }
 
+// Without its sample at t = 100 the series gets that point back from the conditioner
+// (REPS 0, not fitted); the period scan still tries every point's time from the fourth,
+// the inserted one's included: 30, 40, ..., 470.
+TEST(CosineScan, TriesThePeriodsOfThePointsTheConditionerInserted) {
+  SessionFixture f(cosine_modes());
+  data::DataSet set = cosinor_set();
+  for (auto& column : set.columns) column.erase(column.begin() + 10);
+  f.session->store().append(set);
+  f.run({"MODE Cosine", "SET Period = 240", "COSINE_CALCULATE"});
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  const auto graph = graphics::parse_plot(Scratch::read(f.session->files().graph_path()));
+  ASSERT_TRUE(graph.ok()) << graph.message;
+  ASSERT_EQ(graph.plot.panels.size(), 2u);
+  const std::vector<double>& periods = graph.plot.panels[1].series.at(0).x;
+  ASSERT_EQ(periods.size(), 45u);
+  for (std::size_t k = 0; k < periods.size(); ++k)
+    EXPECT_EQ(periods[k], 30.0 + 10.0 * static_cast<double>(k));
+}
+
 }  // namespace
 }  // namespace tidemark::stats

@@ -33,6 +33,7 @@ TEST(MessyStatsModes, ApEnAndCosineUseOnlyTheUsablePointsOfTheConditionedCropRan
                  "READ_NATIVE \"" +
                  (data / "messy_series_zero.dat").string() +
                  "\"\nMODE ApEn\nSET MC Cycles = 2\nAPEN_CALCULATE\nCOPY_LST \"zero.lst\"\n"
+                 "MODE Cosine\nSET Period = 240\nCOSINE_CALCULATE\nCOPY_LST \"cosine_zero.lst\"\n"
                  "EXIT\n");
   const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
   ASSERT_EQ(run.status, 0) << run.err;
@@ -54,6 +55,13 @@ TEST(MessyStatsModes, ApEnAndCosineUseOnlyTheUsablePointsOfTheConditionedCropRan
   EXPECT_NEAR(value_after(cosine, "\nPhase     "), 118.215, 0.01);
   EXPECT_NEAR(value_after(cosine, "\nMean      "), 3.20939, 1e-4);
   EXPECT_EQ(value_after(cosine, " with "), 26.0);
+  // The same fit on messy_series_zero.dat: the concentration of 0 at time 60 is not a
+  // valid point, so 25 points are fitted.
+  const std::string zero = Scratch::read(work / "cosine_zero.lst");
+  EXPECT_NEAR(value_after(zero, "\nAmplitude "), 1.29873, 1e-4) << zero;
+  EXPECT_NEAR(value_after(zero, "\nPhase     "), 116.43, 0.01);
+  EXPECT_NEAR(value_after(zero, "\nMean      "), 3.23778, 1e-4);
+  EXPECT_EQ(value_after(zero, " with "), 25.0);
 }
 
 }  // namespace

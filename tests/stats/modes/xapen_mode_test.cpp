@@ -123,5 +123,69 @@ TEST(XApEnReplay, TheHistoryReproducesTheListingByteForByte) {
   EXPECT_EQ(Scratch::read(out / "first.lst"), listing);
 }
 
+// Six points at 0, 10, ..., 50 with values 1 .. 6 (SEM 0.1, 2 replicates), as `b` edits
+// them.
+data::DataSet six_points(const std::string& name) {
+  return data_set(name, name, 6);
+}
+
+struct PairCase {
+  const char* what;
+  void (*edit)(data::DataSet& b);
+};
+
+class XApEnPairs : public testing::TestWithParam<PairCase> {};
+
+// B lost its sample at time 20, or holds two rows out of time order: the conditioner
+// inserts the lost point (value (2 + 4) / 2 = 3, as it was) or sorts, and B is A again.
+// Identical series 1 .. 6, standardised, match only at the same place (spacing 1/SD >
+// R = 0.2): X-ApEn(1) = ln(5/6) = -0.18232, X-ApEn(2) = ln(4/5) = -0.22314 by hand,
+// written as gfortran's (1PG15.5).
+TEST_P(XApEnPairs, BothSeriesPassTheConditionerBeforeTheyArePaired) {
+  SessionFixture f(xapen_modes());
+  data::DataSet b = six_points("b.dat");
+  GetParam().edit(b);
+  f.session->store().append(six_points("a.dat"));
+  f.session->store().append(b);
+  f.run({"SEED 5", "MODE X_ApEn", "SET MC Cycles = 3", "XAPEN_CALCULATE", "XApEn_VIEW"});
+  ASSERT_FALSE(f.session->failed()) << testing::PrintToString(f.ui.shown());
+  const Lines lines = f.ui.first_text_lines();
+  ASSERT_GE(lines.size(), 9u);
+  EXPECT_EQ(lines[4], " XApEn(1,0.20,6) =    -0.18232    ");
+  EXPECT_EQ(lines[8], " XApEn(2,0.20,6) =    -0.22314    ");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    XApEnMode, XApEnPairs,
+    testing::Values(PairCase{"a lost sample",
+                             [](data::DataSet& b) {
+                               for (auto& column : b.columns) column.erase(column.begin() + 2);
+                             }},
+                    PairCase{"rows out of order", [](data::DataSet& b) {
+                               for (auto& column : b.columns) std::swap(column[1], column[2]);
+                             }}));
+
+TEST(XApEnRefusals, AZeroSemFailsTheConditionerAndANegativeRIsRefused) {
+  const struct {
+    const char* set_r;
+    float sem;
+    const char* expected;
+  } kCases[] = {
+      {"SET R = 0.2", 0.0f, "Error Reported by X_ApEn: Data set 1 (a.dat) did not pass the data conditioner."},
+      {"SET R = -0.1", 0.1f, "Error Reported by X_ApEn: R must be a number not below zero."},
+  };
+  for (const auto& c : kCases) {
+    SessionFixture f(xapen_modes());
+    data::DataSet a = six_points("a.dat");
+    for (int i = 0; i < a.size(); ++i) a.dy()[i] = c.sem;
+    f.session->store().append(a);
+    f.session->store().append(six_points("b.dat"));
+    f.run({"MODE X_ApEn", "SET MC Cycles = 3", c.set_r, "XAPEN_CALCULATE"});
+    const Lines shown = f.ui.shown();
+    EXPECT_NE(std::find(shown.begin(), shown.end(), c.expected), shown.end())
+        << c.set_r << "\n" << testing::PrintToString(shown);
+  }
+}
+
 }  // namespace
 }  // namespace tidemark::stats

@@ -72,10 +72,11 @@ std::vector<double> geometric(double from, double to, int steps) {
   return v;
 }
 
+// The value a scan picked, or why it picked none.
 struct ScanPick {
-  bool ok = false;
-  std::string_view message;
+  std::string_view failure;  // empty when a value was picked
   double value = 0;
+  bool ok() const { return failure.empty(); }
 };
 
 // Runs one deconvolution per candidate (in increasing order) and picks the value at
@@ -95,18 +96,18 @@ ScanPick scan(const std::vector<double>& candidates, const Stage& stage, Run run
       any_converged = any_converged || g.ok();
     }
   }
-  if (!any_usable) return {false, stage.failure, 0};
-  if (!any_converged) return {false, stage.convergence, 0};
+  if (!any_usable) return {stage.failure, 0};
+  if (!any_converged) return {stage.convergence, 0};
   std::size_t below = candidates.size();
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     if (r[i] <= kAutoInitTargetResidual) below = i;
   }
-  if (below == candidates.size()) return {true, {}, candidates.front()};
+  if (below == candidates.size()) return {{}, candidates.front()};
   if (below + 1 == candidates.size() || !std::isfinite(r[below + 1])) {
-    return {true, {}, candidates[below]};
+    return {{}, candidates[below]};
   }
   const double share = (kAutoInitTargetResidual - r[below]) / (r[below + 1] - r[below]);
-  return {true, {}, candidates[below] + share * (candidates[below + 1] - candidates[below])};
+  return {{}, candidates[below] + share * (candidates[below + 1] - candidates[below])};
 }
 
 double quantile(std::vector<double> v, double q) {
@@ -224,18 +225,18 @@ AutoInitResult auto_init(std::span<const float> time, std::span<const double> co
   }
   const ScanPick hl2 = scan(geometric(hl_low, hl_high, kCoarseSteps), kStage2,
                             [&](double hl) { return deconvolve(s, hl, 0); });
-  if (!hl2.ok) return failure(result, kStage2, hl2.message);
+  if (!hl2.ok()) return failure(result, kStage2, hl2.failure);
   const ScanPick sd3 = scan(geometric(sd_low, sd_high, kCoarseSteps), kStage3,
                             [&](double w) { return deconvolve(s, hl2.value, w); });
-  if (!sd3.ok) return failure(result, kStage3, sd3.message);
+  if (!sd3.ok()) return failure(result, kStage3, sd3.failure);
   const ScanPick hl4 =
       scan(geometric(hl2.value / kFineSpan, hl2.value * kFineSpan, kFineSteps), kStage4,
            [&](double hl) { return deconvolve(s, hl, sd3.value); });
-  if (!hl4.ok) return failure(result, kStage4, hl4.message);
+  if (!hl4.ok()) return failure(result, kStage4, hl4.failure);
   const ScanPick sd5 = scan(geometric(std::max(sd_low, sd3.value / kFineSpan),
                                       std::min(sd_high, sd3.value * kFineSpan), kFineSteps),
                             kStage5, [&](double w) { return deconvolve(s, hl4.value, w); });
-  if (!sd5.ok) return failure(result, kStage5, sd5.message);
+  if (!sd5.ok()) return failure(result, kStage5, sd5.failure);
   result.half_life = hl4.value;
   result.sd = sd5.value;
 

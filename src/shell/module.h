@@ -48,6 +48,16 @@ struct ModuleContext {
   T& value(Field field) {
     return std::get<T>(values[static_cast<std::size_t>(field)]);
   }
+
+  // Set when a command of the mode's own was refused: the frame then counts the command
+  // as failed, as a refused frame command is (the run's exit status).
+  bool refused = false;
+
+  // Refuses a command of the mode's own: shows and logs the message, titled `title`.
+  void refuse(std::string_view title, const std::vector<std::string>& lines) {
+    ui::report(ui, log, title, lines);
+    refused = true;
+  }
 };
 
 // How a calculation ended.

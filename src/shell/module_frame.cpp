@@ -152,6 +152,7 @@ class Frame {
     show_written_fields(before);
     if (!handled) return false;
     session_.carried_out(core::trim(command), {});
+    if (c.refused) session_.note_failure();
     return true;
   }
 

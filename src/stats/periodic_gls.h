@@ -59,7 +59,7 @@ struct PeriodogramResult {
   std::vector<double> period;     // 1 / frequency, descending
   std::vector<double> power;
   double min_period = 0, max_period = 0;  // the range used
-  Trend trend;                            // the line taken out, when asked
+  std::optional<Trend> trend;             // the line taken out, when asked and fitted
   int points = 0;
   bool ok() const { return status == PeriodicStatus::kOk; }
 };

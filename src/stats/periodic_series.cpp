@@ -57,8 +57,8 @@ double weighted_mean(std::span<const double> y, std::span<const double> w) {
   return sw > 0 ? swy / sw : 0.0;
 }
 
-Trend fit_trend(std::span<const double> t, std::span<const double> y,
-                std::span<const double> w) {
+std::optional<Trend> fit_trend(std::span<const double> t, std::span<const double> y,
+                               std::span<const double> w) {
   // Centred sums keep the normal equations well conditioned for times far from 0.
   const double tm = weighted_mean(t, w);
   const double ym = weighted_mean(y, w);
@@ -67,19 +67,18 @@ Trend fit_trend(std::span<const double> t, std::span<const double> y,
     stt += w[i] * (t[i] - tm) * (t[i] - tm);
     sty += w[i] * (t[i] - tm) * (y[i] - ym);
   }
+  if (!(stt > 0)) return std::nullopt;
   Trend line;
-  if (!(stt > 0)) return line;
   line.slope = sty / stt;
   line.intercept = ym - line.slope * tm;
-  line.ok = true;
   return line;
 }
 
-Trend remove_trend(PeriodicSeries& series) {
-  const Trend line = fit_trend(series.t, series.y, series.w);
-  if (!line.ok) return line;
+std::optional<Trend> remove_trend(PeriodicSeries& series) {
+  const std::optional<Trend> line = fit_trend(series.t, series.y, series.w);
+  if (!line) return line;
   for (std::size_t i = 0; i < series.t.size(); ++i)
-    series.y[i] -= line.intercept + line.slope * series.t[i];
+    series.y[i] -= line->intercept + line->slope * series.t[i];
   return line;
 }
 

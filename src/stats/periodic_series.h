@@ -8,6 +8,7 @@
 //
 //   stats::PeriodicSeries s = stats::periodic_series(x, y, dy, reps);
 //   stats::Trend line = stats::remove_trend(s);  // s.y now holds the residuals
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -38,14 +39,16 @@ PeriodicSeries periodic_series(std::span<const double> t, std::span<const double
 struct Trend {
   double intercept = 0;
   double slope = 0;
-  bool ok = false;  // false with fewer than two distinct times or no positive weight
 };
 
-// The weighted line through (t, y) with weights w.
-Trend fit_trend(std::span<const double> t, std::span<const double> y, std::span<const double> w);
+// The weighted line through (t, y) with weights w; none with fewer than two distinct
+// times or no positive weight.
+std::optional<Trend> fit_trend(std::span<const double> t, std::span<const double> y,
+                               std::span<const double> w);
 
-// Fits the weighted line to the series and replaces y by its residuals.
-Trend remove_trend(PeriodicSeries& series);
+// Fits the weighted line to the series and replaces y by its residuals; none, and y
+// unchanged, when no line can be fitted.
+std::optional<Trend> remove_trend(PeriodicSeries& series);
 
 // The weighted mean of y.
 double weighted_mean(std::span<const double> y, std::span<const double> w);

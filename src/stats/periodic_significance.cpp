@@ -21,7 +21,7 @@ constexpr int kMaxPeaks = 100;
 double highest_power(GlsPeriodogram& gls, const PeriodicSeries& s, bool remove_trend,
                      std::vector<double>& y, std::vector<double>& power) {
   if (remove_trend) {
-    const Trend line = fit_trend(s.t, y, s.w);
+    const Trend line = fit_trend(s.t, y, s.w).value_or(Trend{});  // none: nothing taken out
     for (std::size_t i = 0; i < y.size(); ++i) y[i] -= line.intercept + line.slope * s.t[i];
   }
   gls.power(y, power);

@@ -170,7 +170,7 @@ class SRQuantMode : public shell::Module {
   // meets the same message.
   void set_parameter(std::string_view argument, ModuleContext& c) {
     const ParameterParse parsed = parse_parameter_setting(argument);
-    if (!parsed.ok()) return ui::report(c.ui, c.log, kErrorTitle, {parsed.problem});
+    if (!parsed.ok()) return c.refuse(kErrorTitle, {parsed.problem});
     const ParameterSetting& s = parsed.setting;
     settings_[s.name] = s.value;
     c.log.log(fmt::format("SRQuant: {} start {}, bounds {} to {}, {}", s.name, s.value.start,

@@ -272,7 +272,7 @@ class DeconMode : public shell::Module {
                                     shell::ModuleContext& c) {
     const std::string argument = core::to_upper(shell::command_argument(command, *Name));
     const std::string problem = mode.event_command(*Name, argument);
-    if (!problem.empty()) c.ui.message("Error Reported by " + std::string(c.mode_name), {problem});
+    if (!problem.empty()) c.refuse("Error Reported by " + std::string(c.mode_name), {problem});
   }
 
   // Carries out one event command; the problem in words, or empty.

@@ -195,7 +195,7 @@ class CosineMode : public shell::Module {
   }
 
   void subtract(ModuleContext& c) {
-    if (auto problem = prepare(c)) return ui::report(c.ui, c.log, kErrorTitle, {*problem});
+    if (auto problem = prepare(c)) return c.refuse(kErrorTitle, {*problem});
     const CosineValues values = read_grid(c, read_flags(c));
     if (values[kPeriod] > 0) {
       edits_.subtract(c.store, set_index_, [&values](std::span<const float> x, std::span<float> y) {
@@ -213,7 +213,7 @@ class CosineMode : public shell::Module {
 
   void reset(ModuleContext& c) {
     if (!edits_.reset(c.store, c.store.current_index())) {
-      return ui::report(c.ui, c.log, kErrorTitle, {"There is no subtracted series to reset."});
+      return c.refuse(kErrorTitle, {"There is no subtracted series to reset."});
     }
     c.log.log("COSINE_RESET: the concentrations of " + c.store.current().file_name +
               " are restored");

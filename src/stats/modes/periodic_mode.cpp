@@ -174,7 +174,7 @@ class PeriodicMode : public shell::Module {
   // Takes the last fit's harmonics out of the data set it was fitted on.
   void subtract(ModuleContext& c) {
     if (!fit_ || fit_index_ != c.store.current_index()) {
-      return ui::report(c.ui, c.log, kErrorTitle,
+      return c.refuse(kErrorTitle,
                         {"There is no fitted rhythm of this data set to subtract: run "
                          "PERIODIC_CALCULATE on it first."});
     }
@@ -187,7 +187,7 @@ class PeriodicMode : public shell::Module {
 
   void reset(ModuleContext& c) {
     if (!edits_.reset(c.store, c.store.current_index())) {
-      return ui::report(c.ui, c.log, kErrorTitle, {"There is no subtracted series to reset."});
+      return c.refuse(kErrorTitle, {"There is no subtracted series to reset."});
     }
     c.log.log("PERIODIC_RESET: the concentrations of " + c.store.current().file_name +
               " are restored");

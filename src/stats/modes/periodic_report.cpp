@@ -76,9 +76,9 @@ std::string periodic_listing(const PeriodicReport& r) {
   text += fmt::format(" Points used = {:6d}  (missing {:4d}, REPS 0 {:4d}); weights {}\n",
                       s.size(), s.missing, s.unreplicated, s.sem_weights ? "1/SEM^2" : "equal");
   const PeriodogramResult& p = r.periodogram;
-  if (p.trend.ok) {
-    text += " Trend removed: intercept = " + g(p.trend.intercept) + "  slope = " +
-            g(p.trend.slope) + "\n";
+  if (p.trend) {
+    text += " Trend removed: intercept = " + g(p.trend->intercept) + "  slope = " +
+            g(p.trend->slope) + "\n";
   }
   text += fmt::format(" Trial periods = {:6d} from {} to {}\n\n", p.grid.count, g(p.min_period),
                       g(p.max_period));

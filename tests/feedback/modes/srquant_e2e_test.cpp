@@ -60,5 +60,26 @@ TEST_F(SRQuantProgram, FitsLhDrivingTestosteroneAndTheHistoryReplaysTheListing) 
   EXPECT_EQ(Scratch::read(dir / "s.grf"), graph);
 }
 
+// A mode command that is refused counts as a failed command, as a refused frame command
+// does: the run ends with status 1 (exit statuses: 0 all carried out, 1 any refused).
+TEST_F(SRQuantProgram, ARefusedModeCommandMakesTheExitStatusOne) {
+  struct Case {
+    const char* command;
+    int status;
+  };
+  const Case cases[] = {
+      {"DOSE_RESPONSE_PARAMETER \"Delay 1\" 20 0 90 FIT", 0},
+      {"DOSE_RESPONSE_PARAMETER \"Delay 1\" 20 90 0 FIT", 1},  // lower above upper
+      {"DOSE_RESPONSE_PARAMETER \"No Such\" 1 0 2 FIT", 1},
+  };
+  int n = 0;
+  for (const Case& c : cases) {
+    const ProgramRun r = run("h" + std::to_string(++n),
+                             read_native("subject07_testo.dat") + "MODE SRQuant\n" +
+                                 c.command + "\n");
+    EXPECT_EQ(r.status, c.status) << c.command << "\n" << r.err;
+  }
+}
+
 }  // namespace
 }  // namespace tidemark::testing_support

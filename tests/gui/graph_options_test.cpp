@@ -1,6 +1,7 @@
 // The graph view's check boxes show the option states the shell holds, including those
 // a command file set with GRF_OPTION.
 #include <QCheckBox>
+#include <ostream>
 #include <QPushButton>
 
 #include "desktop_fixture.h"
@@ -14,6 +15,9 @@ struct OptionLinesCase {
   const char* history;
   graphics::OptionStates expected;
 };
+
+// Names a case by its history text in test listings.
+void PrintTo(const OptionLinesCase& c, std::ostream* os) { *os << ::testing::PrintToString(c.history); }
 
 class OptionLines : public ::testing::TestWithParam<OptionLinesCase> {};
 

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "core/missing.h"
-#include "graphics/common_options.h"
 #include "graphics/plot_writer.h"
+#include "stats/modes/data_set_panel.h"
 
 namespace tidemark::stats {
 
@@ -48,14 +48,7 @@ void write_scan(graphics::PlotWriter& w, const CosineGraph& graph) {
 std::string cosine_graph_source(const CosineGraph& graph) {
   graphics::PlotWriter w;
   w.page("Cosine Analysis");
-  w.panel(graph.set.handle);
-  w.x_axis({.label = graph.set.headers[data::kX].empty() ? "TIME" : graph.set.headers[data::kX]});
-  graphics::write_common_options(w, {.y_label = graph.set.concentration_header(),
-                                     .file_name = graph.set.file_name,
-                                     .handle = graph.set.handle,
-                                     .x = graph.set.x(),
-                                     .y = graph.set.y(),
-                                     .sd = graph.set.dy()});
+  write_data_set_panel(w, graph.set);
   write_curve(w, graph);
   write_scan(w, graph);
   return w.text();

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "core/missing.h"
-#include "graphics/common_options.h"
 #include "graphics/plot_writer.h"
+#include "stats/modes/data_set_panel.h"
 
 namespace tidemark::stats {
 
@@ -57,14 +57,7 @@ void write_periodogram(graphics::PlotWriter& w, const PeriodicGraph& graph) {
 std::string periodic_graph_source(const PeriodicGraph& graph) {
   graphics::PlotWriter w;
   w.page("Periodic Rhythm Analysis");
-  w.panel(graph.set.handle);
-  w.x_axis({.label = graph.set.headers[data::kX].empty() ? "TIME" : graph.set.headers[data::kX]});
-  graphics::write_common_options(w, {.y_label = graph.set.concentration_header(),
-                                     .file_name = graph.set.file_name,
-                                     .handle = graph.set.handle,
-                                     .x = graph.set.x(),
-                                     .y = graph.set.y(),
-                                     .sd = graph.set.dy()});
+  write_data_set_panel(w, graph.set);
   write_curve(w, graph);
   if (graph.periodogram.ok()) write_periodogram(w, graph);
   return w.text();

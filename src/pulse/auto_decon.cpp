@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "pulse/secretion_model.h"
@@ -71,12 +72,35 @@ DeconFitResult fit_events(const DeconSeries& series, ModelVector v, const AutoDe
   }
 }
 
-// Removes degenerate events, then the least significant event while its P exceeds the
-// per-event critical P, refitting after each removal. A refit that fails ends the triage
-// with the last good fit. `fit` must be a successful fit.
-DeconFitResult triage(const DeconSeries& series, DeconFitResult fit,
-                      const AutoDeconOptions& options, std::vector<double>& p_values,
-                      int& removals) {
+// The events a triage tests: every event (an empty list) without a focus; around an
+// inserted event's place, the event nearest to it and its two neighbours, the ones whose
+// support the insertion changed.
+std::vector<int> events_near(const ModelVector& v, std::optional<double> focus) {
+  if (!focus || v.layout.events == 0) return {};
+  int nearest = 0;
+  for (int e = 1; e < v.layout.events; ++e) {
+    if (std::fabs(v.values[v.layout.position_index(e)] - *focus) <
+        std::fabs(v.values[v.layout.position_index(nearest)] - *focus)) {
+      nearest = e;
+    }
+  }
+  std::vector<int> events;
+  for (int e = std::max(0, nearest - 1); e <= std::min(v.layout.events - 1, nearest + 1); ++e) {
+    events.push_back(e);
+  }
+  return events;
+}
+
+struct Triage {
+  DeconFitResult fit;
+  EventTestResult tests;  // the tests of `fit`'s events (all of them without a focus)
+};
+
+// Removes degenerate events, then the least significant tested event (see events_near)
+// while its P exceeds the per-event critical P, refitting after each removal. A refit
+// that fails ends the triage with the last good fit. `fit` must be a successful fit.
+Triage triage(const DeconSeries& series, DeconFitResult fit, const AutoDeconOptions& options,
+              int& removals, std::optional<double> focus = std::nullopt) {
   while (true) {
     ModelVector v = fit.model;
     if (!drop_degenerate(v, series, removals)) {
@@ -94,17 +118,16 @@ DeconFitResult triage(const DeconSeries& series, DeconFitResult fit,
         }
         v = fit.model;
       }
-      const EventTestResult tests = test_events(series, fit, options.fit);
-      p_values = tests.p_values;
-      const auto worst = std::max_element(p_values.begin(), p_values.end());
-      if (worst == p_values.end() || *worst <= critical) return fit;
-      v.remove_event(static_cast<int>(worst - p_values.begin()));
+      EventTestResult tests = test_events(series, fit, options.fit, events_near(v, focus));
+      const auto worst = std::max_element(tests.p_values.begin(), tests.p_values.end());
+      if (worst == tests.p_values.end() || *worst <= critical) return {std::move(fit), std::move(tests)};
+      v.remove_event(tests.events[static_cast<std::size_t>(worst - tests.p_values.begin())]);
       ++removals;
     }
     DeconFitResult refit = fit_events(series, v, options, removals);
     if (!refit.usable()) {
-      p_values = test_events(series, fit, options.fit).p_values;
-      return fit;
+      EventTestResult tests = test_events(series, fit, options.fit, events_near(fit.model, focus));
+      return {std::move(fit), std::move(tests)};
     }
     fit = std::move(refit);
   }
@@ -180,22 +203,22 @@ AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
       freed.usable()) {
     fit = std::move(freed);
   }
-  fit = triage(series, fit, options, result.p_values, result.removals);
+  fit = triage(series, fit, options, result.removals).fit;
+  // Each round inserts the best-supported new event and tests it with its neighbours; the
+  // events elsewhere gain support from the better fit and wait for the last triage.
   for (int round = 0; round < options.max_rounds; ++round) {
     if (fit.model.layout.events >= kMaxEvents) break;
     const Insertion add = best_insertion(series, fit);
     if (!add.found) break;
     ModelVector trial = fit.model;
     trial.insert_event(add.position, add.log_height);
-    std::vector<double> p_values;
     int removals = 0;
     const DeconFitResult inserted = fit_events(series, trial, options, removals);
     if (!inserted.usable()) break;
-    const DeconFitResult after = triage(series, inserted, options, p_values, removals);
+    Triage after = triage(series, inserted, options, removals, add.position);
     // The inserted event survived when the triage left more events than before it.
-    if (after.model.layout.events <= fit.model.layout.events) break;
-    fit = after;
-    result.p_values = p_values;
+    if (after.fit.model.layout.events <= fit.model.layout.events) break;
+    fit = std::move(after.fit);
     result.removals += removals;
     ++result.insertions;
   }
@@ -206,7 +229,9 @@ AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
   for (int j = 0; j < all.layout.first_event_index(); ++j) all.free[j] = start.free[j];
   const DeconFitResult last = fit_events(series, all, options, result.removals);
   if (last.usable()) {
-    fit = triage(series, last, options, result.p_values, result.removals);
+    Triage final_triage = triage(series, last, options, result.removals);
+    fit = std::move(final_triage.fit);
+    result.p_values = std::move(final_triage.tests.p_values);
   } else {
     result.final_fit_failed = true;
   }

@@ -42,9 +42,11 @@ struct AutoDeconResult {
 // spurious event in twenty candidates would survive.
 double event_critical_p(double critical_p, int events);
 
-// Runs the search on `series` from `start`. The secretion SD and the half-lives (with
-// their fractions) are held during the search and freed for the last fit where `start`
-// marks them free; the other entries keep their flags, and inserted events are free.
+// Runs the search on `series` from `start`. The first fit holds the secretion SD and the
+// half-lives (with their fractions) at their starting values; from then on every entry
+// has its flag of `start`, and inserted events are free. After the first fit a triage
+// tests every event; each insertion is tested with its neighbours only; a last fit and
+// triage test every event again, whose P values the result holds.
 AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
                            const AutoDeconOptions& options = {});
 

@@ -15,19 +15,27 @@ namespace tidemark::pulse {
 double event_p_value(double ssr_with, double ssr_without, int degrees_of_freedom);
 
 struct EventTestResult {
-  std::vector<double> p_values;  // per event of the fit, in order
+  std::vector<int> events;  // the events tested, as indices of the fit's events
+  std::vector<double> p_values;  // per tested event, in the order of `events`
   std::vector<double> ssr_without;
 };
 
-// Tests every event of `fit` (a successful fit of `series`): refits without the event,
-// with the same free entries, from the fitted values, for at most
+// The vector of a test's refit without event e: the event removed, and free only the
+// basal secretion and the position and LogHeight of the two events beside it (each where
+// `model` has it free). When a spurious event splits one burst with a real one, the real
+// one moves back to the burst's centre in the refit, and the spurious event shows as
+// dispensable; events further away hardly move when one event goes, and holding them
+// makes the refit small.
+ModelVector without_event(const ModelVector& model, int e);
+
+// Tests the events `events` of `fit` (a successful fit of `series`; every event when
+// empty): refits without_event() from the fitted values for at most
 // options.test_iterations steps (a refit stopped there counts with its SSR, which can
 // only lie above the minimum's); a refit that fails counts with the SSR of the fitted
-// vector minus the event (not refitted). The other events' positions stay free: when a
-// spurious event splits one burst with a real one, the real one moves back to the
-// burst's centre in the refit, and the spurious event shows as dispensable.
+// vector minus the event (not refitted). The test's SSR without the event lies at or
+// above the SSR of a refit with every entry free, so its P is at most that refit's.
 EventTestResult test_events(const DeconSeries& series, const DeconFitResult& fit,
-                            const DeconFitOptions& options = {});
+                            const DeconFitOptions& options = {}, std::vector<int> events = {});
 
 // P of every event without refitting: the SSR of the fitted vector minus the event can
 // only lie above the refitted one, so each of these P values is at most the refitted

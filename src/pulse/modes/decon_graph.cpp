@@ -52,7 +52,7 @@ std::string decon_graph(const DeconRun& run) {
     ex.push_back(p);
     ey.push_back(secretion_rate(v.values, v.layout, p));
   }
-  w.panel("Secretion", 0.6);
+  w.panel("Secretion", 0.7);
   w.x_axis({.label = "Time"});
   w.y_axis({.label = "Secretion Rate"});
   w.series("Secretion", {.line = graphics::Dash::kSolid}, st, rate);
@@ -66,7 +66,7 @@ std::string decon_graph(const DeconRun& run) {
       ry.push_back((run.concentration[i] - fitted[i]) / run.sd[i]);
     }
   }
-  w.panel("Weighted Residuals", 0.4);
+  w.panel("Weighted Residuals", 0.6);
   w.x_axis({.label = "Time"});
   w.y_axis({.label = "Residual / SD"});
   w.begin_option("Show Residuals", graphics::When::kChecked, true);

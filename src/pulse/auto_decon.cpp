@@ -72,11 +72,16 @@ DeconFitResult fit_events(const DeconSeries& series, ModelVector v, const AutoDe
   }
 }
 
-// The events a triage tests: every event (an empty list) without a focus; around an
-// inserted event's place, the event nearest to it and its two neighbours, the ones whose
-// support the insertion changed.
+// The events a triage tests: every event without a focus; around an inserted event's
+// place, the event nearest to it and its two neighbours, the ones whose support the
+// insertion changed.
 std::vector<int> events_near(const ModelVector& v, std::optional<double> focus) {
-  if (!focus || v.layout.events == 0) return {};
+  std::vector<int> events;
+  if (!focus) {
+    for (int e = 0; e < v.layout.events; ++e) events.push_back(e);
+    return events;
+  }
+  if (v.layout.events == 0) return events;
   int nearest = 0;
   for (int e = 1; e < v.layout.events; ++e) {
     if (std::fabs(v.values[v.layout.position_index(e)] - *focus) <
@@ -84,51 +89,65 @@ std::vector<int> events_near(const ModelVector& v, std::optional<double> focus) 
       nearest = e;
     }
   }
-  std::vector<int> events;
   for (int e = std::max(0, nearest - 1); e <= std::min(v.layout.events - 1, nearest + 1); ++e) {
     events.push_back(e);
   }
   return events;
 }
 
+// The events of `v` within one sampling interval of a place in `places`.
+std::vector<int> events_at(const ModelVector& v, const std::vector<double>& places,
+                           double interval) {
+  std::vector<int> events;
+  for (int e = 0; e < v.layout.events; ++e) {
+    const double p = v.values[v.layout.position_index(e)];
+    if (std::any_of(places.begin(), places.end(),
+                    [&](double q) { return std::fabs(p - q) < interval; })) {
+      events.push_back(e);
+    }
+  }
+  return events;
+}
+
 struct Triage {
   DeconFitResult fit;
-  EventTestResult tests;  // the tests of `fit`'s events (all of them without a focus)
+  EventTestResult tests;  // the last tests of `fit`'s events
 };
 
-// Removes degenerate events, then the least significant tested event (see events_near)
-// while its P exceeds the per-event critical P, refitting after each removal. A refit
-// that fails ends the triage with the last good fit. `fit` must be a successful fit.
+// Removes degenerate events; then tests the events (see events_near) and removes, one at
+// a time with a refit after each, the least significant of those that failed the first
+// test while its P exceeds the per-event critical P. An event that passed the first test
+// is not tested again: a removal can weaken the others only by leaving misfit behind,
+// which raises the residual variance of the F test, and following that would take real
+// events away one after another. A refit that fails ends the triage with the last good
+// fit. `fit` must be a successful fit.
 Triage triage(const DeconSeries& series, DeconFitResult fit, const AutoDeconOptions& options,
               int& removals, std::optional<double> focus = std::nullopt) {
+  const double interval = (double(series.time.back()) - series.time.front()) /
+                          std::max<double>(1, double(series.time.size() - 1));
+  std::optional<std::vector<double>> suspects;  // where the events that failed first were
   while (true) {
     ModelVector v = fit.model;
     if (!drop_degenerate(v, series, removals)) {
-      // Events that fail even without refitting go first, cheaply.
-      const std::vector<double> screened = screen_events(series, fit);
       const double critical = event_critical_p(options.critical_p, v.layout.events);
-      const auto clear = std::max_element(screened.begin(), screened.end());
-      if (clear != screened.end() && *clear > critical) {
-        v.remove_event(static_cast<int>(clear - screened.begin()));
-        ++removals;
-        DeconFitResult refit = fit_events(series, v, options, removals);
-        if (refit.usable()) {
-          fit = std::move(refit);
-          continue;
+      const std::vector<int> tested =
+          suspects ? events_at(v, *suspects, interval) : events_near(v, focus);
+      EventTestResult tests = test_events(series, fit, options.fit, tested);
+      if (!suspects) {
+        suspects.emplace();
+        for (std::size_t i = 0; i < tests.events.size(); ++i) {
+          if (tests.p_values[i] > critical) {
+            suspects->push_back(v.values[v.layout.position_index(tests.events[i])]);
+          }
         }
-        v = fit.model;
       }
-      EventTestResult tests = test_events(series, fit, options.fit, events_near(v, focus));
       const auto worst = std::max_element(tests.p_values.begin(), tests.p_values.end());
       if (worst == tests.p_values.end() || *worst <= critical) return {std::move(fit), std::move(tests)};
       v.remove_event(tests.events[static_cast<std::size_t>(worst - tests.p_values.begin())]);
       ++removals;
     }
     DeconFitResult refit = fit_events(series, v, options, removals);
-    if (!refit.usable()) {
-      EventTestResult tests = test_events(series, fit, options.fit, events_near(fit.model, focus));
-      return {std::move(fit), std::move(tests)};
-    }
+    if (!refit.usable()) return {std::move(fit), {}};
     fit = std::move(refit);
   }
 }
@@ -231,7 +250,9 @@ AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
   if (last.usable()) {
     Triage final_triage = triage(series, last, options, result.removals);
     fit = std::move(final_triage.fit);
-    result.p_values = std::move(final_triage.tests.p_values);
+    if (final_triage.tests.events.size() == static_cast<std::size_t>(fit.model.layout.events)) {
+      result.p_values = std::move(final_triage.tests.p_values);
+    }
   } else {
     result.final_fit_failed = true;
   }

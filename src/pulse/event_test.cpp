@@ -57,16 +57,4 @@ EventTestResult test_events(const DeconSeries& series, const DeconFitResult& fit
   return result;
 }
 
-std::vector<double> screen_events(const DeconSeries& series, const DeconFitResult& fit) {
-  std::vector<double> p_values;
-  for (int e = 0; e < fit.model.layout.events; ++e) {
-    ModelVector without = fit.model;
-    without.remove_event(e);
-    double ssr = std::numeric_limits<double>::infinity();
-    weighted_sum_of_squares(series, without, ssr);
-    p_values.push_back(event_p_value(fit.sum_of_squares, ssr, fit.degrees_of_freedom()));
-  }
-  return p_values;
-}
-
 }  // namespace tidemark::pulse

@@ -37,9 +37,4 @@ ModelVector without_event(const ModelVector& model, int e);
 EventTestResult test_events(const DeconSeries& series, const DeconFitResult& fit,
                             const DeconFitOptions& options = {}, std::vector<int> events = {});
 
-// P of every event without refitting: the SSR of the fitted vector minus the event can
-// only lie above the refitted one, so each of these P values is at most the refitted
-// test's. An event whose screened P exceeds a critical P fails the full test too.
-std::vector<double> screen_events(const DeconSeries& series, const DeconFitResult& fit);
-
 }  // namespace tidemark::pulse

@@ -1,7 +1,7 @@
 // The detection grid of AutoDecon beside Cluster8: simulated LH-like series at sampling
 // intervals of 5, 10 and 20 min and noise CVs of 5, 10 and 15 %, the same series for
 // both methods. Prints one Markdown table row per cell.
-//   decon_grid [series per cell = 100] [seed = 1] [critical P = 0.05] [intervals = 10,20,5]
+//   decon_grid [series per cell = 100] [seed = 1] [critical P = 0.2] [intervals = 10,20,5]
 //   [CVs = 0.05,0.1,0.15]
 #include <fmt/format.h>
 
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
   using namespace tidemark;
   const int series = argc > 1 ? std::atoi(argv[1]) : 100;
   const auto seed = static_cast<std::uint64_t>(argc > 2 ? std::atoll(argv[2]) : 1);
-  const double critical_p = argc > 3 ? std::atof(argv[3]) : 0.05;
+  const double critical_p = argc > 3 ? std::atof(argv[3]) : 0.2;
   // 10 min first: the cell of the targets; 5 min, the slowest, last.
   const std::vector<double> intervals = numbers(argc > 4 ? argv[4] : "10,20,5");
   const std::vector<double> cvs = numbers(argc > 5 ? argv[5] : "0.05,0.1,0.15");

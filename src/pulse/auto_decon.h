@@ -14,7 +14,7 @@ namespace tidemark::pulse {
 struct AutoDeconOptions {
   // The level for the whole series: with K events, an event whose P exceeds
   // critical_p / K is removed (see event_critical_p).
-  double critical_p = 0.05;
+  double critical_p = 0.2;
   int max_rounds = kMaxEvents;
   DeconFitOptions fit;
 };

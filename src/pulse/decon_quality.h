@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/random.h"
+#include "pulse/auto_decon.h"
 
 namespace tidemark::pulse {
 
@@ -16,7 +17,7 @@ struct QualityCell {
   double interval = 10;
   double cv = 0.05;
   int series = 100;
-  double critical_p = 0.05;
+  double critical_p = AutoDeconOptions{}.critical_p;
 };
 
 // Figures of one method over a cell. A found event matches a true one within

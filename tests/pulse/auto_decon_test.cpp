@@ -105,10 +105,11 @@ TEST(AutoDecon, FindsEveryEventOfASeriesAndTheHalfLife) {
     for (int e = 0; e < v.layout.events; ++e) found.push_back(v.values[v.layout.position_index(e)]);
     const EventMatch m = match_events(n.true_times(), found, 15);
     EXPECT_EQ(m.matched, 6) << "seed " << seed;
-    EXPECT_EQ(m.found, 6) << "seed " << seed;
+    // The default critical P lets a series keep a false event with a chance of at most 0.2.
+    EXPECT_LE(m.found, 7) << "seed " << seed;
     EXPECT_NEAR(v.values[kHalfLife1], 60.0, 6.0) << "seed " << seed;
     ASSERT_EQ(r.p_values.size(), found.size());
-    for (const double p : r.p_values) EXPECT_LE(p, event_critical_p(0.05, 6));
+    for (const double p : r.p_values) EXPECT_LE(p, event_critical_p(AutoDeconOptions{}.critical_p, 6));
     if (m.found == 6) {
       EXPECT_NEAR(v.values[kSecretionSd], 6.0, 1.5) << "seed " << seed;
     }
@@ -123,24 +124,24 @@ TEST(AutoDecon, StartingFromNoEventsInsertsThem) {
   EXPECT_EQ(r.fit.model.layout.events, 6);
 }
 
-// Floors a little under the figures measured on small cells (8 series each, seed 1, by
-// decon_grid's measure; docs/deconvolution.md has the full grid):
+// Floors a little under the figures measured on small cells (8 series each, seed 1, the
+// default critical P, by decon_grid's measure; docs/deconvolution.md has the full grid):
 // - 10 min, 5 % CV: sensitivity 99.3 %, false positives 1.4 %, median half-life error
 //   4.2 %, Cluster8 59.9 %. Before the event test freed the neighbours' positions and the
 //   critical P was shared out over the events, 30 series of this cell gave 8.8 % false
 //   positives.
-// - 20 min, 10 % CV: sensitivity 62.4 %, false positives 1.2 %, half-life error 144 %
-//   (three samples a burst do not pin the half-life down). Before the triage kept
-//   the events that passed its first test, removals took real events away one after
-//   another here: 46.6 %.
+// - 20 min, 10 % CV: sensitivity 73.7 %, false positives 1.0 %, half-life error 38 %
+//   (three or four samples a burst pin the half-life down less well). At a critical P of
+//   0.05, before the triage kept the events that passed its first test, removals took
+//   real events away one after another here (46.6 %, half-life error 119 %).
 // A regression in AutoInit, the fit or the triage shows here.
 TEST(DeconQuality, DetectionFloor) {
   struct Floor {
     QualityCell cell;
     double sensitivity, false_positives, half_life_error;
   };
-  for (const Floor& f : {Floor{{10, 0.05, 8, 0.05}, 0.97, 0.03, 0.08},
-                         Floor{{20, 0.10, 8, 0.05}, 0.58, 0.04, 2.0}}) {
+  for (const Floor& f : {Floor{{10, 0.05, 8}, 0.97, 0.03, 0.08},
+                         Floor{{20, 0.10, 8}, 0.70, 0.04, 0.5}}) {
     core::Random random(1);
     const CellQuality q = measure_cell(f.cell, random);
     EXPECT_GE(q.auto_decon.sensitivity(), f.sensitivity) << f.cell.interval;

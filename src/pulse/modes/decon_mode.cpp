@@ -58,7 +58,7 @@ ui::Dialog make_dialog(int variant) {
   d.fields.push_back({"Number of Half-Lives", ui::FieldKind::kMenu, "1", "Model", {"1", "2", "3"}});
   d.fields.push_back({"Starting Events", ui::FieldKind::kMenu, "AutoInit", "Model",
                       {"AutoInit", "Use Cluster8 Results", "Data Set Events", "None"}});
-  d.fields.push_back({"Critical P", ui::FieldKind::kReal, "0.05", "Model", {}});
+  d.fields.push_back({"Critical P", ui::FieldKind::kReal, "0.2", "Model", {}});
   d.fields.push_back({"AutoInit SD Factor", ui::FieldKind::kMenu, "0.5", "Model",
                       {"0.5", "0.33333333333", "0.25", "0.125", "0.0625"}});
   return d;

@@ -19,7 +19,7 @@ struct DeconRun {
   std::string handle;
   std::string concentration_header;  // the data set's, for the graph's y axis
   EventSource source = EventSource::kAutoInit;
-  double critical_p = 0.05;
+  double critical_p = AutoDeconOptions{}.critical_p;
   // The samples fitted (the crop range's points with a concentration and a positive SD).
   std::vector<float> time;
   std::vector<double> concentration;

@@ -41,7 +41,7 @@ TEST(DeconProgram, AutoDeconFindsTheEventsAndKeepsThemOnTheDataSet) {
   ui::MemoryLog log;
   ASSERT_TRUE(data::read_native(store, (work / "out.dat").string(), ui, log));
   const auto events = data::secretion_events(store.current());
-  // Every true event is found; at the critical P of 0.05 one false event may pass.
+  // Every true event is found; at the default critical P one false event may pass.
   ASSERT_GE(events.size(), 4u);
   EXPECT_LE(events.size(), 5u);
   for (const double truth : {200.0, 500.0, 800.0, 1100.0}) {

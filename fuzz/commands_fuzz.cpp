@@ -14,13 +14,27 @@
 // names are the same in every run, drawn from a generator with a fixed seed.
 //
 // The input holds typed commands and files placed in the working folder before the run
-// (commands_input.h, which also bounds what one input may do). PATH names an empty
+// (commands_input.h, which also bounds what one input may do). On top of those bounds,
+// the harness bounds the work of the calculations, so that one input stays fast however
+// its commands combine:
+// - each input has kCalculationBudget of wall time for its calculations. Once it has
+//   passed, every calculation's progress answers "cancel", as a user's Cancel button
+//   would, so a long fit (SRQuant's local methods run up to 20000 evaluations whatever
+//   "Iterations" says), Monte-Carlo run or period scan stops at its next report, and no
+//   further calculation starts (it fails with the harness's message); the other
+//   commands still run;
+// - AutoDecon and Deconv, which report no progress and whose work grows with about the
+//   cube of the series (under the sanitizers 1.5 s at 48 points, 46 s at 144, minutes
+//   at 200), refuse a current data set of more than kMaxDeconPoints points in its crop
+//   range; a longer series cropped to that many is deconvolved.
+// PATH names an empty
 // folder and VISUAL and EDITOR are unset, so printing and editing start no program
 // (symbolized sanitizer reports then need ASAN_SYMBOLIZER_PATH). Refused inputs return
 // -1, which keeps them out of libFuzzer's corpus. A run with the command words:
 //   build-fuzz/bin/commands_fuzz -dict=fuzz/commands_fuzz.dict tests/fixtures/fuzz/commands
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -44,6 +58,19 @@ namespace fs = std::filesystem;
 using tidemark::shell::Session;
 
 constexpr std::uint64_t kSeed = 12345;
+using Clock = std::chrono::steady_clock;
+constexpr auto kCalculationBudget = std::chrono::seconds(1);
+constexpr int kMaxDeconPoints = 48;
+
+// When the running input's time for calculations ends.
+Clock::time_point& budget_end() {
+  static Clock::time_point end;
+  return end;
+}
+
+bool budget_spent() {
+  return Clock::now() >= budget_end();
+}
 
 void check(bool invariant) {
   if (!invariant) std::abort();
@@ -75,8 +102,71 @@ void check_leftovers(const tidemark::shell::RunFiles& files, const std::vector<f
     check(!half_written(entry.path().filename().string()));
 }
 
+// The headless program's batch answers, with every calculation cancelled at its next
+// progress report once the input's budget is spent.
+class BudgetedUi : public tidemark::ui::ConsoleUi {
+ public:
+  BudgetedUi(std::istream& in, std::ostream& out) : ConsoleUi(in, out, out, false) {}
+
+  std::unique_ptr<tidemark::ui::Progress> progress(std::string_view) override {
+    return std::make_unique<Deadline>();
+  }
+
+ private:
+  class Deadline : public tidemark::ui::Progress {
+   public:
+    bool update(double) override { return !budget_spent(); }
+  };
+};
+
+// A mode whose calculations start only while the input's budget lasts, and, with
+// `max_points` above 0, only on a current data set of at most that many points.
+class BoundedModule : public tidemark::shell::Module {
+ public:
+  BoundedModule(std::unique_ptr<tidemark::shell::Module> mode, int max_points)
+      : mode_(std::move(mode)), max_points_(max_points) {}
+
+  const tidemark::ui::Dialog& dialog() const override { return mode_->dialog(); }
+  std::string settings_file() const override { return mode_->settings_file(); }
+  std::string fix_prefix() const override { return mode_->fix_prefix(); }
+  std::string error_box_title() const override { return mode_->error_box_title(); }
+  bool handle(std::string_view command, tidemark::shell::ModuleContext& c) override {
+    return mode_->handle(command, c);
+  }
+
+  tidemark::shell::ModeResult calculate(tidemark::shell::ModuleContext& c) override {
+    using tidemark::shell::ModeResult;
+    if (budget_spent()) return ModeResult::failed({"fuzz harness: the input's time is spent"});
+    if (max_points_ > 0 && !c.store.empty()) {
+      const auto& set = c.store.current();
+      if (set.last_point() - set.first_point() + 1 > max_points_)
+        return ModeResult::failed({"fuzz harness: the series is too long for this mode"});
+    }
+    return mode_->calculate(c);
+  }
+
+ private:
+  std::unique_ptr<tidemark::shell::Module> mode_;
+  int max_points_;
+};
+
+// The program's components, every mode bounded.
+tidemark::shell::Components bounded_components() {
+  tidemark::shell::Components parts = tidemark::app::registered_components();
+  for (std::size_t i = 0; i < parts.modules.size(); ++i) {
+    tidemark::shell::ModuleFactory& factory = parts.modules[i];
+    if (!factory) continue;
+    const bool decon = tidemark::shell::mode_table()[i].prefix == "DECON";  // both modes
+    const int max_points = decon ? kMaxDeconPoints : 0;
+    factory = [make = std::move(factory), max_points](int variant) {
+      return std::make_unique<BoundedModule>(make(variant), max_points);
+    };
+  }
+  return parts;
+}
+
 const tidemark::shell::Components& components() {
-  static const tidemark::shell::Components parts = tidemark::app::registered_components();
+  static const tidemark::shell::Components parts = bounded_components();
   return parts;
 }
 
@@ -95,7 +185,8 @@ void run_session(const fs::path& home, const fs::path& data, const std::string& 
 
   std::istringstream in(commands);
   static std::ostream nowhere(nullptr);  // listings and messages are not kept
-  tidemark::ui::ConsoleUi ui(in, nowhere, nowhere, false);
+  budget_end() = Clock::now() + kCalculationBudget;
+  BudgetedUi ui(in, nowhere);
   Session session({"Tidemark", "fuzz"}, *folders, tidemark::shell::Registry{}, std::move(files),
                   names, ui, components().modules);
   session.set_graphics(components().graphics());

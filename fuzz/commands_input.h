@@ -4,7 +4,9 @@
 // between are the file's text (a data file, a graph source, a command file). Every other
 // line is a typed command.
 //
-// The bounds, so that one input stays fast and cannot reach beyond the working folder:
+// The bounds on the text, so that one input stays fast and cannot reach beyond the
+// working folder (commands_fuzz.cpp adds a time budget for the calculations and a
+// length bound for the deconvolution modes):
 // - only the first kMaxCommands typed commands are kept;
 // - a SET of a field whose label names cycles (the Monte-Carlo cycle counts of ApEn,
 //   X_ApEn and Concordance), or of SRQuant's "Swarm Size" or "Iterations", to a whole

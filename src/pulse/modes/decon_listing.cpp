@@ -40,9 +40,8 @@ std::string decon_listing(const DeconRun& run) {
       out += " AutoInit failed: the fit starts from the dialog's values without events\n";
     }
   }
-  if (!run.result.ok()) {
-    out += fmt::format("\n The fit failed with code {}: {}\n", stats::code_number(fit.code),
-                       fit.message);
+  if (!run.refusal.empty()) {
+    out += fmt::format("\n {}\n", run.refusal);
     return out;
   }
   if (run.result.final_fit_failed) {

@@ -104,10 +104,6 @@ class DeconMode : public shell::Module {
 
   shell::ModeResult calculate(shell::ModuleContext& c) override {
     data::DataSet& set = c.store.current();
-    const data::ConditionResult conditioned = data::condition(set, false, c.ui, c.log);
-    if (!conditioned.ok()) {
-      return shell::ModeResult::failed({"The data set could not be conditioned: " + conditioned.message});
-    }
     DeconRun run;
     run.mode_name = variant_ == 0 ? "AutoDecon" : "Deconv";
     run.file_name = set.file_name;
@@ -115,14 +111,19 @@ class DeconMode : public shell::Module {
     run.concentration_header = set.concentration_header();
     run.source = static_cast<EventSource>(c.value<int>(kSourceField));
     run.critical_p = real(c.values, kCriticalPField);
-    if (auto refused = take_samples(set, run)) return *refused;
+    // The conditioner works on a copy, which replaces the data set only when the
+    // calculation has results: a refusal leaves the set as it was (order, points, slots).
+    data::DataSet conditioned_set = set;
+    const data::ConditionResult conditioned = data::condition(conditioned_set, false, c.ui, c.log);
+    if (!conditioned.ok()) return refuse(run, "The data set could not be conditioned: " + conditioned.message);
+    if (std::string problem = take_samples(conditioned_set, run); !problem.empty()) return refuse(run, problem);
     if (!(run.critical_p > 0 && run.critical_p < 1)) {
-      return shell::ModeResult::failed({"The Critical P must lie between 0 and 1."});
+      return refuse(run, "The Critical P must lie between 0 and 1.");
     }
 
     std::string problem;
     const std::optional<ModelVector> start = starting_vector(run, c, problem);
-    if (!start) return shell::ModeResult::failed({problem});
+    if (!start) return refuse(run, problem);
     if (variant_ == 0) {
       AutoDeconOptions options;
       options.critical_p = run.critical_p;
@@ -131,18 +132,14 @@ class DeconMode : public shell::Module {
       run.result = fit_and_test({run.time, run.concentration, run.sd}, *start);
     }
     if (!run.result.ok()) {
-      // The listing says why; the data set and the dialog stay as they were.
       const DeconFitResult& f = run.result.fit;
-      shell::ModeOutput output;
-      output.listing = decon_listing(run);
-      return shell::ModeResult::failed(
-          {fmt::format("The fit failed with code {}: {}", stats::code_number(f.code), f.message)},
-          std::move(output));
+      return refuse(run, fmt::format("The fit failed with code {}: {}", stats::code_number(f.code), f.message));
     }
     if (run.auto_init_ran && !run.init.ok()) {
       c.ui.message(run.init.status == AutoInitStatus::kNoEvents ? run.mode_name : kAutoInitFailedTitle,
                    {run.init.message});
     }
+    set = std::move(conditioned_set);
     return shell::ModeResult::done(finish(run, c));
   }
 
@@ -160,8 +157,18 @@ class DeconMode : public shell::Module {
   }
 
  private:
-  // Refuses a set that cannot be fitted: too few usable points, no positive SD.
-  std::optional<shell::ModeResult> take_samples(const data::DataSet& set, DeconRun& run) const {
+  // A calculation that stops before it has results: the box and the log say why, and so
+  // does the listing; the data set, its answers and the dialog stay as they were.
+  static shell::ModeResult refuse(DeconRun& run, std::string why) {
+    run.refusal = std::move(why);
+    shell::ModeOutput output;
+    output.listing = decon_listing(run);
+    return shell::ModeResult::failed({run.refusal}, std::move(output));
+  }
+
+  // Takes the samples to fit: the crop range's points with a time, a concentration and a
+  // positive SD. Why the set cannot be fitted (too few of them, no positive SD), or empty.
+  static std::string take_samples(const data::DataSet& set, DeconRun& run) {
     int without_sd = 0;
     for (int p = set.first_point(); p <= set.last_point(); ++p) {
       const auto i = static_cast<std::size_t>(p - 1);
@@ -176,14 +183,13 @@ class DeconMode : public shell::Module {
       run.concentration.push_back(y);
       run.sd.push_back(sd);
     }
-    if (static_cast<int>(run.time.size()) >= kMinSamples) return std::nullopt;
+    if (static_cast<int>(run.time.size()) >= kMinSamples) return {};
     if (without_sd > 0 && run.time.empty()) {
-      return shell::ModeResult::failed({"The SD column holds no positive value: the fit weighs each "
-                                    "sample by 1/SD^2 and needs SDs above 0."});
+      return "The SD column holds no positive value: the fit weighs each sample by 1/SD^2 and "
+             "needs SDs above 0.";
     }
-    return shell::ModeResult::failed({fmt::format(
-        "Too few samples to deconvolve: {} with a concentration and a positive SD, at least {} "
-        "needed.", run.time.size(), kMinSamples)});
+    return fmt::format("Too few samples to deconvolve: {} with a concentration and a positive SD, "
+                       "at least {} needed.", run.time.size(), kMinSamples);
   }
 
   // The starting vector: the dialog's values and flags, AutoInit's estimates where it

@@ -27,6 +27,8 @@ struct DeconRun {
   bool auto_init_ran = false;
   AutoInitResult init;  // when auto_init_ran
   AutoDeconResult result;
+  // Why the calculation was refused or its fit failed; empty when it ran through.
+  std::string refusal;
 };
 
 }  // namespace tidemark::pulse

@@ -119,34 +119,68 @@ TEST(DeconProgram, DeconvFitsTheEventsTheUserGives) {
   EXPECT_NE(listing.find("     4     1090.0    "), std::string::npos) << listing;
 }
 
+// A data set of 24 points whose concentrations are all missing (NaN reads as missing).
+std::string all_missing_file() {
+  std::string text = "!HANDLE = GONE\n!header_x = TIME\n!header_y = LH\n!header_dy = SD\n";
+  for (int i = 0; i < 24; ++i) text += std::to_string(10 * i) + " NaN 0.5 1\n";
+  return text;
+}
+
+// Deconv fitted once: the failed fits below must leave these results on the data set.
+constexpr const char* kDeconvFitted =
+    "MODE Deconv\n"
+    "SET Starting Events = None\n"
+    "SET HALF-LIFE(1) = 40\n"
+    "DECON_EVENT_ADD 190\nDECON_EVENT_ADD 510\nDECON_EVENT_ADD 810\nDECON_EVENT_ADD 1090\n"
+    "DECON_CALCULATE\n";
+
+// Each refusal or failed fit ends the run with status 1, shows its message and logs it,
+// leaves a listing that says why, and leaves the data set as the file written before
+// the calculation holds it, byte for byte.
 TEST(DeconProgram, RefusedInputLeavesTheDataSetAndSaysWhy) {
   struct Case {
     const char* name;
-    std::string commands;
+    std::string setup;        // before the data set is written the first time
+    const char* calculation;  // the refused or failing steps
     const char* message;
   };
+  const std::string fitted = std::string(kSimulate) + kDeconvFitted;
   const Case cases[] = {
       // The data conditioner refuses SDs of zero before the fit sees them.
-      {"SDs of zero", "SIMULATE SEED=3 NOISE_CV=0 HANDLE=SIM\nMODE AutoDecon\nDECON_CALCULATE\n",
+      {"SDs of zero", "SIMULATE SEED=3 NOISE_CV=0 HANDLE=SIM\nMODE AutoDecon\n", "DECON_CALCULATE\n",
        "has too small of an uncertainty"},
-      {"too few points", "SIMULATE SEED=3 SAMPLES=5 HANDLE=SIM\nMODE AutoDecon\nDECON_CALCULATE\n",
+      {"too few points", "SIMULATE SEED=3 SAMPLES=5 HANDLE=SIM\nMODE AutoDecon\n", "DECON_CALCULATE\n",
        "Too few samples to deconvolve: 5"},
+      // No point has a concentration: the conditioner finds fewer than 4 valid points.
+      {"all missing", "READ_NATIVE \"gone.dat\"\nMODE AutoDecon\n", "DECON_CALCULATE\n",
+       "The data set could not be conditioned: Not Enough Valid Data Points!"},
       {"half-life beyond the span",
-       std::string(kSimulate) + "MODE Deconv\nSET Starting Events = None\nSET HALF-LIFE(1) = 5000\nDECON_CALCULATE\n",
-       "HALF-LIFE(1) = 5000.0 lies outside the series' span"},
+       std::string(kSimulate) + "MODE Deconv\nSET Starting Events = None\nSET HALF-LIFE(1) = 5000\n",
+       "DECON_CALCULATE\n", "HALF-LIFE(1) = 5000.0 lies outside the series' span"},
+      // 10^400 is beyond the largest double (about 1.8E308): the starting vector cannot
+      // be evaluated, LSFIT2's code 1.
+      {"start that overflows", fitted, "DECON_EVENT_ADD 600 400\nDECON_CALCULATE\n",
+       "The fit failed with code 1: The model could not be evaluated"},
+      // Two free events at one time have equal columns in the Jacobian, so the normal
+      // equations are singular: LSFIT2's code 2.
+      {"two events at one time", fitted, "DECON_EVENT_ADD 600\nDECON_EVENT_ADD 600\nDECON_CALCULATE\n",
+       "The fit failed with code 2: The normal equations are singular"},
   };
   for (const Case& c : cases) {
     Scratch home, work;
-    work.write("run.cmd", c.commands + "WRITE_NATIVE \"out.dat\"\nEXIT\n");
+    work.write("gone.dat", all_missing_file());
+    work.write("run.cmd", c.setup + "WRITE_NATIVE \"before.dat\"\n" + c.calculation +
+                              "COPY_LST \"refused.lst\"\nWRITE_NATIVE \"after.dat\"\nEXIT\n");
     const auto run = run_tidemark(home.path(), work.path(), {"-@", "run.cmd"}, "");
     EXPECT_EQ(run.status, 1) << c.name;
     EXPECT_NE(run.err.find(c.message), std::string::npos) << c.name << ": " << run.err;
-    data::Store store;
-    ui::RecordingUi ui;
-    ui::MemoryLog log;
-    ASSERT_TRUE(data::read_native(store, (work / "out.dat").string(), ui, log)) << c.name;
-    // No deconvolution result reached the answers: the simulation's truth stands.
-    EXPECT_EQ(store.current().answers[3], 45.0) << c.name;
+    const std::string log = Scratch::read(testing_support::run_file(home.path(), "LOG_"));
+    EXPECT_NE(log.find(c.message), std::string::npos) << c.name << ": " << log;
+    const std::string listing = Scratch::read(work / "refused.lst");
+    EXPECT_NE(listing.find(c.message), std::string::npos) << c.name << ": " << listing;
+    const std::string before = Scratch::read(work / "before.dat");
+    EXPECT_NE(before.find("\n!HANDLE = "), std::string::npos) << c.name;
+    EXPECT_EQ(Scratch::read(work / "after.dat"), before) << c.name;
   }
 }
 

@@ -19,6 +19,12 @@ MODE Cosine
 COSINE_CALCULATE
 COPY_LST "cosine_lh.lst"
 SAVE_GRF_PNG "cosine_lh.png"
+! Deconvolution of the same day: AutoDecon finds the secretion events (when, how much)
+! and the half-life from AutoInit's start.
+MODE AutoDecon
+DECON_CALCULATE
+COPY_LST "autodecon_lh.lst"
+SAVE_GRF_PNG "autodecon_lh.png"
 ! Regularity of the overnight GH profile: the data conditioner first fills its three
 ! missing samples (see the DATA_CONDITIONER lines of demo.log).
 SELECT GH-night
@@ -43,8 +49,8 @@ SET MC Cycles = 200
 XAPEN_CALCULATE
 COPY_LST "xapen_s07.lst"
 SAVE_GRF_PNG "xapen_s07.png"
-! Every data set's kept results in one table for a spreadsheet: Cosine's in columns AK
-! to AP of the LH row, ApEn's in Q to AJ of the GH row.
+! Every data set's kept results in one table for a spreadsheet: AutoDecon's in columns B
+! to I and Cosine's in AK to AP of the LH row, ApEn's in Q to AJ of the GH row.
 WRITE_SUMMARY_BOOKS "summary_books.csv"
 COPY_LOG "demo.log"
 COPY_CMD "demo-history.bat"

@@ -245,7 +245,7 @@ TEST_F(Program, TheDemoCommandFileRunsCleanly) {
   EXPECT_EQ(r.status, 0) << r.err;
   for (const char* file :
        {"lh_24h_10min_events.dat", "gh_overnight_5min_conditioned.csv", "cluster8_lh.lst",
-        "xapen_s07.lst", "apen_gh.png", "summary_books.csv", "demo.log"}) {
+        "xapen_s07.lst", "apen_gh.png", "autodecon_lh.png", "summary_books.csv", "demo.log"}) {
     EXPECT_TRUE(fs::exists(dir / "demo-out" / file)) << file;
   }
 }

@@ -11,13 +11,13 @@ namespace {
 using namespace tidemark::feedback;
 
 void BM_SrquantPredictTwoInputs(benchmark::State& state) {
-  const bench::Scenario s = bench::lh_driven(3, 2, 0.05);
+  const bench::Scenario s = bench::lh_driven(3, 2, 0.05).value();
   for (auto _ : state) benchmark::DoNotOptimize(predict(s.model, s.truth, s.data));
 }
 BENCHMARK(BM_SrquantPredictTwoInputs)->Unit(benchmark::kMicrosecond);
 
 void fit_two_inputs(benchmark::State& state, Optimizer optimizer) {
-  const bench::Scenario s = bench::lh_driven(3, 2, 0.05);
+  const bench::Scenario s = bench::lh_driven(3, 2, 0.05).value();
   ResponseFitOptions options;
   options.optimizer = optimizer;
   options.parallel.threads = static_cast<int>(state.range(0));

@@ -27,6 +27,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <ctime>
+#include <optional>
 #include <vector>
 
 #include "feedback/response_fit.h"
@@ -120,11 +121,12 @@ int main(int argc, char** argv) {
       {"Nelder-Mead alone", Optimizer::kNelderMead},
   };
 
-  const bench::Scenario s = bench::lh_driven(seed * 1000, 1, noise_cv);
-  if (!s.ok) {
+  const std::optional<bench::Scenario> scenario = bench::lh_driven(seed * 1000, 1, noise_cv);
+  if (!scenario) {
     fmt::print("the scenario could not be simulated\n");
     return 1;
   }
+  const bench::Scenario& s = *scenario;
   Tally unused;
   const ResponseFitResult reference =
       timed_fit(s, s.model, Optimizer::kLevenbergMarquardt, 1, unused);
@@ -167,11 +169,11 @@ int main(int argc, char** argv) {
 
   Tally data;
   for (int r = 0; r < realisations; ++r) {
-    const bench::Scenario each =
+    const std::optional<bench::Scenario> each =
         bench::lh_driven(seed * 1000 + static_cast<std::uint64_t>(r), 1, noise_cv);
-    if (!each.ok) continue;
-    const ResponseFitResult fit = timed_fit(each, each.model, Optimizer::kLevenbergMarquardt, 1, data);
-    if (!fit.values.empty()) data.add(errors(fit, each.truth));
+    if (!each) continue;
+    const ResponseFitResult fit = timed_fit(*each, each->model, Optimizer::kLevenbergMarquardt, 1, data);
+    if (!fit.values.empty()) data.add(errors(fit, each->truth));
   }
   fmt::print("{} data sets (seeds {} to {}), each fitted from the truth\n\n", realisations,
              seed * 1000, seed * 1000 + static_cast<std::uint64_t>(realisations) - 1);

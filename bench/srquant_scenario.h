@@ -7,6 +7,7 @@
 // 150 min stay inside the inputs.
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "core/random.h"
@@ -20,7 +21,6 @@ struct Scenario {
   ResponseModel model;
   ResponseData data;
   std::vector<double> truth;
-  bool ok = false;
 };
 
 inline Series simulated_lh(core::Random& random) {
@@ -48,7 +48,8 @@ inline Bounded range(double truth, double lower, double upper) {
 // One stimulatory input (delay 40 min, Gaussian spreading 5 min, efficacy 2, EC50 4,
 // Hill 3), or two with a second, inhibitory one (exponential spreading); basal 0.2,
 // half-life 30 min, initial 40. Starting values are the truth; the Hill slopes are held.
-inline Scenario lh_driven(std::uint64_t seed, int inputs, double noise_cv) {
+// None when the response model cannot be evaluated at the truth.
+inline std::optional<Scenario> lh_driven(std::uint64_t seed, int inputs, double noise_cv) {
   core::Random random(seed);
   Scenario s;
   InputModel lh;
@@ -82,13 +83,12 @@ inline Scenario lh_driven(std::uint64_t seed, int inputs, double noise_cv) {
   s.truth.insert(s.truth.end(), {0.2, 30, 300, 0, 40});
   for (int j = 0; j < 144; ++j) s.data.time.push_back(150 + 10 * j);
   const Prediction p = predict(s.model, s.truth, s.data);
-  if (!p.ok()) return s;
+  if (!p.ok()) return std::nullopt;
   for (const double c : p.conc) {
     const double sem = noise_cv * c;
     s.data.conc.push_back(c + sem * random.gaussian12());
     s.data.sem.push_back(sem);
   }
-  s.ok = true;
   return s;
 }
 

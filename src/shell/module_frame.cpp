@@ -177,7 +177,7 @@ class Frame {
   }
 
   void set_field(std::string_view command) {
-    const auto assignment = split_assignment(command_argument(command, "SET"));
+    const auto assignment = split_assignment(command_argument(command, "SET"), module_->dialog());
     if (!assignment) return session_.ignore(command);
     const std::string problem = assign_field(module_->dialog(), *assignment, values_);
     if (!problem.empty()) return session_.error(error_title(), {problem});

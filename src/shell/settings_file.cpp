@@ -37,6 +37,16 @@ std::optional<Assignment> split_assignment(std::string_view text) {
   return a;
 }
 
+std::optional<Assignment> split_assignment(std::string_view text, const ui::Dialog& dialog) {
+  for (auto eq = text.find('='); eq != std::string_view::npos; eq = text.find('=', eq + 1)) {
+    const std::string_view label = core::trim(text.substr(0, eq));
+    if (!label.empty() && dialog.find(label)) {
+      return Assignment{std::string(label), std::string(core::trim(text.substr(eq + 1)))};
+    }
+  }
+  return split_assignment(text);
+}
+
 std::string assign_field(const ui::Dialog& dialog, const Assignment& assignment,
                          std::vector<ui::FieldValue>& values) {
   const auto index = dialog.find(assignment.label);
@@ -65,7 +75,7 @@ std::optional<SettingsRead> read_settings(const std::filesystem::path& path,
     if (!line.empty() && line.back() == '\r') line.pop_back();
     const std::string_view content = core::trim(line);
     if (content.empty() || content.front() == '!' || content.front() == ';') continue;
-    const auto assignment = split_assignment(content);
+    const auto assignment = split_assignment(content, dialog);
     const std::string problem = assignment ? assign_field(dialog, *assignment, read.values)
                                            : "not of the form \"label = value\"";
     if (problem.empty()) {

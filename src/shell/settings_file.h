@@ -21,6 +21,10 @@ struct Assignment {
 // value when there is no "=" or the label is blank.
 std::optional<Assignment> split_assignment(std::string_view text);
 
+// The same for a field of `dialog`, whose label may hold an "=" ("CONC(T=0) = 1.5"): at
+// the first "=" whose left side names a field of `dialog`, else at the first "=".
+std::optional<Assignment> split_assignment(std::string_view text, const ui::Dialog& dialog);
+
 // Sets the field named by `assignment` in `values` (one per field of `dialog`). Empty
 // on success; otherwise the message naming the field, and `values` unchanged. A
 // read-only (result) field is refused.

@@ -129,5 +129,35 @@ TEST(SettingsFile, AnAssignmentSplitsAtItsFirstEqualsSign) {
   EXPECT_FALSE(split_assignment(" = 3"));
 }
 
+// A label may hold an "=" (the deconvolution's "CONC(T=0)"): the split finds the field.
+TEST(SettingsFile, ALabelWithAnEqualsSignNamesItsField) {
+  const ui::Dialog d{"DECON",
+                     {{"CONC(T=0)", FieldKind::kReal, "1.0", "Model", {}},
+                      {"Fit CONC(T=0)", FieldKind::kCheck, "ON", "Model", {}},
+                      {"Title", FieldKind::kText, "LH", "Graph", {}}}};
+  struct Case {
+    const char* text;
+    const char* label;
+    const char* value;
+  };
+  for (const Case& c : {Case{"CONC(T=0) = 2.5", "CONC(T=0)", "2.5"},
+                        Case{" fit conc(t=0)=OFF", "fit conc(t=0)", "OFF"},
+                        Case{"Title = a = b", "Title", "a = b"},
+                        Case{"Colour(x=1) = red", "Colour(x", "1) = red"}}) {
+    const auto a = split_assignment(c.text, d);
+    ASSERT_TRUE(a) << c.text;
+    EXPECT_EQ(a->label, c.label) << c.text;
+    EXPECT_EQ(a->value, c.value) << c.text;
+  }
+  // Written and read back: the value survives.
+  Scratch dir;
+  std::vector<ui::FieldValue> values{2.5, false, std::string("GH")};
+  dir.write("do_decon.ini", settings_text(d, values));
+  const auto read = read_settings(dir / "do_decon.ini", d);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->values, values);
+  EXPECT_TRUE(read->ignored.empty());
+}
+
 }  // namespace
 }  // namespace tidemark::shell

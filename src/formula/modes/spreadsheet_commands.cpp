@@ -217,7 +217,8 @@ class SpreadsheetCommands : public shell::CommandHandler {
   // SET of a spin value; any other label, or one the current mode's dialog has too, is
   // left to the mode.
   bool set_spin(std::string_view command, shell::Session& session) {
-    const auto assignment = shell::split_assignment(shell::command_argument(command, "SET"));
+    const auto assignment =
+        shell::split_assignment(shell::command_argument(command, "SET"), spins());
     if (!assignment || !spins().find(assignment->label)) return false;
     if (session.mode() >= 1) {
       const auto module = session.make_module(session.mode());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -72,6 +73,12 @@ DeconFitResult fit_events(const DeconSeries& series, ModelVector v, const AutoDe
   }
 }
 
+AutoDeconResult cancelled(AutoDeconResult result) {
+  result.status = AutoDeconStatus::kCancelled;
+  result.message = "The search was cancelled.";
+  return result;
+}
+
 // The events a triage tests: every event without a focus; around an inserted event's
 // place, the event nearest to it and its two neighbours, the ones whose support the
 // insertion changed.
@@ -109,6 +116,29 @@ std::vector<int> events_at(const ModelVector& v, const std::vector<double>& plac
   return events;
 }
 
+// The search's progress: a step for the first fit and triage, one per insertion round
+// and one for the last fit and triage. The callback is asked at every step and before
+// every refit of a triage, so that a cancel takes effect within one refit however long
+// the series; once it answers false the search stops.
+class Steps {
+ public:
+  explicit Steps(const AutoDeconOptions& options)
+      : report_(options.progress), count_(options.max_rounds + 2L) {}
+
+  bool go_on() {
+    if (!cancelled_ && report_) cancelled_ = !report_(done_, count_);
+    return !cancelled_;
+  }
+  void next() { ++done_; }
+  bool cancelled() const { return cancelled_; }
+
+ private:
+  const std::function<bool(long, long)>& report_;
+  long done_ = 0;
+  long count_;
+  bool cancelled_ = false;
+};
+
 struct Triage {
   DeconFitResult fit;
   EventTestResult tests;  // the last tests of `fit`'s events
@@ -122,11 +152,11 @@ struct Triage {
 // events away one after another. A refit that fails ends the triage with the last good
 // fit. `fit` must be a successful fit.
 Triage triage(const DeconSeries& series, DeconFitResult fit, const AutoDeconOptions& options,
-              int& removals, std::optional<double> focus = std::nullopt) {
+              Steps& steps, int& removals, std::optional<double> focus = std::nullopt) {
   const double interval = (double(series.time.back()) - series.time.front()) /
                           std::max<double>(1, double(series.time.size() - 1));
   std::optional<std::vector<double>> suspects;  // where the events that failed first were
-  while (true) {
+  while (steps.go_on()) {
     ModelVector v = fit.model;
     if (!drop_degenerate(v, series, removals)) {
       const double critical = event_critical_p(options.critical_p, v.layout.events);
@@ -150,6 +180,7 @@ Triage triage(const DeconSeries& series, DeconFitResult fit, const AutoDeconOpti
     if (!refit.usable()) return {std::move(fit), {}};
     fit = std::move(refit);
   }
+  return {std::move(fit), {}};
 }
 
 }  // namespace
@@ -222,11 +253,13 @@ AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
       freed.usable()) {
     fit = std::move(freed);
   }
-  fit = triage(series, fit, options, result.removals).fit;
+  Steps steps(options);
+  fit = triage(series, fit, options, steps, result.removals).fit;
   // Each round inserts the best-supported new event and tests it with its neighbours; the
   // events elsewhere gain support from the better fit and wait for the last triage.
   for (int round = 0; round < options.max_rounds; ++round) {
-    if (fit.model.layout.events >= kMaxEvents) break;
+    steps.next();
+    if (fit.model.layout.events >= kMaxEvents || !steps.go_on()) break;
     const Insertion add = best_insertion(series, fit);
     if (!add.found) break;
     ModelVector trial = fit.model;
@@ -234,7 +267,7 @@ AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
     int removals = 0;
     const DeconFitResult inserted = fit_events(series, trial, options, removals);
     if (!inserted.usable()) break;
-    Triage after = triage(series, inserted, options, removals, add.position);
+    Triage after = triage(series, inserted, options, steps, removals, add.position);
     // The inserted event survived when the triage left more events than before it.
     if (after.fit.model.layout.events <= fit.model.layout.events) break;
     fit = std::move(after.fit);
@@ -242,13 +275,16 @@ AutoDeconResult auto_decon(const DeconSeries& series, const ModelVector& start,
     ++result.insertions;
   }
 
+  if (steps.cancelled()) return cancelled(std::move(result));
+  steps.next();
   ModelVector all = fit.model;
   all.free = start.free;
   all.free.resize(all.values.size(), true);
   for (int j = 0; j < all.layout.first_event_index(); ++j) all.free[j] = start.free[j];
   const DeconFitResult last = fit_events(series, all, options, result.removals);
   if (last.usable()) {
-    Triage final_triage = triage(series, last, options, result.removals);
+    Triage final_triage = triage(series, last, options, steps, result.removals);
+    if (steps.cancelled()) return cancelled(std::move(result));
     fit = std::move(final_triage.fit);
     if (final_triage.tests.events.size() == static_cast<std::size_t>(fit.model.layout.events)) {
       result.p_values = std::move(final_triage.tests.p_values);

@@ -3,6 +3,7 @@
 // (AutoInit's, Cluster8's, the data set's or none) it fits, inserts an event where the
 // residuals call for one, and removes events that the nested F test does not support,
 // until an inserted event does not survive; then a last fit with every free entry free.
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,16 @@ struct AutoDeconOptions {
   double critical_p = 0.2;
   int max_rounds = kMaxEvents;
   DeconFitOptions fit;
+  // Called with (steps done, steps in all) as the search goes on (max_rounds + 2 steps:
+  // the first fit and triage, the insertion rounds, the last fit and triage), also
+  // between the refits of a triage; answering false cancels the search.
+  std::function<bool(long done, long count)> progress{};
 };
 
 enum class AutoDeconStatus {
   kOk,
   kFitFailed,  // the first fit failed: `fit` holds its code and message
+  kCancelled,  // the progress callback answered false: no results
 };
 
 struct AutoDeconResult {

@@ -2,6 +2,7 @@
 // of the detection figures on a small grid (docs/deconvolution.md has the full grid).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -122,6 +123,38 @@ TEST(AutoDecon, StartingFromNoEventsInsertsThem) {
   ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_GE(r.insertions, 6);
   EXPECT_EQ(r.fit.model.layout.events, 6);
+}
+
+// The progress callback sees steps that only go forward out of max_rounds + 2, leaves
+// the answer as it is, and a false answer stops the search without results.
+TEST(AutoDecon, ReportsProgressAndStopsWhenCancelled) {
+  const Noisy n = six_events(2);
+  const ModelVector start = auto_init_start(auto_init(n.series.time, n.c, n.sd));
+  const AutoDeconResult plain = auto_decon(n.view(), start);
+  ASSERT_TRUE(plain.ok()) << plain.message;
+
+  AutoDeconOptions watched;
+  std::vector<long> done;
+  watched.progress = [&](long d, long count) {
+    EXPECT_EQ(count, watched.max_rounds + 2);
+    done.push_back(d);
+    return true;
+  };
+  const AutoDeconResult seen = auto_decon(n.view(), start, watched);
+  ASSERT_TRUE(seen.ok()) << seen.message;
+  EXPECT_EQ(seen.fit.model.values, plain.fit.model.values);
+  ASSERT_GE(done.size(), 3u);
+  EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
+  EXPECT_EQ(done.front(), 0);
+
+  for (const std::size_t answer_false_at : {std::size_t{0}, done.size() - 1}) {
+    AutoDeconOptions stopped;
+    std::size_t calls = 0;
+    stopped.progress = [&](long, long) { return calls++ < answer_false_at; };
+    const AutoDeconResult r = auto_decon(n.view(), start, stopped);
+    EXPECT_EQ(r.status, AutoDeconStatus::kCancelled) << answer_false_at;
+    EXPECT_EQ(calls, answer_false_at + 1) << "no call after the cancel";
+  }
 }
 
 // Floors a little under the figures measured on small cells (8 series each, seed 1, the

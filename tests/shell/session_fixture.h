@@ -16,17 +16,20 @@
 
 namespace tidemark::testing_support {
 
-// A progress display that keeps every fraction it was shown.
+// A progress display that keeps every fraction it was shown, and answers `go_on`
+// (false: the user pressed Cancel).
 class RecordedProgress : public ui::Progress {
  public:
-  explicit RecordedProgress(std::vector<double>& fractions) : fractions_(fractions) {}
+  RecordedProgress(std::vector<double>& fractions, bool go_on)
+      : fractions_(fractions), go_on_(go_on) {}
   bool update(double fraction) override {
     fractions_.push_back(fraction);
-    return true;
+    return go_on_;
   }
 
  private:
   std::vector<double>& fractions_;
+  bool go_on_;
 };
 
 // The modes of a test session: only the mode at menu index `menu_index` (from 1), made
@@ -48,6 +51,7 @@ class ScriptedUi : public ui::RecordingUi {
   std::vector<std::vector<ui::FieldValue>> updated_values;  // each of those times, in order
   std::vector<std::string> progress_titles;                 // progress displays started
   std::vector<double> progress_fractions;                   // what they were shown
+  bool cancel_progress = false;  // every progress display answers Cancel
   int hints = 0;
   std::optional<std::size_t> item_choice;  // the answer to choose_item
   std::vector<std::string> list_items;     // the items it was offered
@@ -91,7 +95,7 @@ class ScriptedUi : public ui::RecordingUi {
   }
   std::unique_ptr<ui::Progress> progress(std::string_view title) override {
     progress_titles.emplace_back(title);
-    return std::make_unique<RecordedProgress>(progress_fractions);
+    return std::make_unique<RecordedProgress>(progress_fractions, !cancel_progress);
   }
   void show_hint(std::string_view, const std::vector<std::string>&) override { ++hints; }
 

@@ -20,6 +20,7 @@
 #include "pulse/modes/decon_listing.h"
 #include "pulse/modes/decon_report.h"
 #include "shell/command_table.h"
+#include "ui/work_progress.h"
 
 namespace tidemark::pulse {
 namespace {
@@ -127,7 +128,12 @@ class DeconMode : public shell::Module {
     if (variant_ == 0) {
       AutoDeconOptions options;
       options.critical_p = run.critical_p;
+      const auto progress = c.ui.progress("AutoDecon search");
+      options.progress = ui::report_to(progress.get());
       run.result = auto_decon({run.time, run.concentration, run.sd}, *start, options);
+      if (run.result.status == AutoDeconStatus::kCancelled) {
+        return shell::ModeResult::failed({"AutoDecon calculation cancelled."});
+      }
     } else {
       run.result = fit_and_test({run.time, run.concentration, run.sd}, *start);
     }

@@ -1,5 +1,5 @@
 // Reads the input as a mode's settings file (do_*.ini) for a dialog with a field of
-// every kind, and checks what the frame relies on: a value of the field's kind for
+// every kind and one whose label holds an "=", and checks what the frame relies on: a value of the field's kind for
 // every field; every line not used named with its line number within the file; and the
 // values read, written back as a settings file, read again to the same values with
 // nothing ignored.
@@ -33,7 +33,8 @@ const tidemark::ui::Dialog& dialog() {
        {"Show Outliers", FieldKind::kCheck, "ON", "Graph", {}},
        {"Title", FieldKind::kText, "LH", "Graph", {}},
        {"Kernel", FieldKind::kMenu, "Least Squares", "Fit", {"Least Squares", "Min-Max"}},
-       {"Variance", FieldKind::kText, "", "Results", {}, true}}};
+       {"Variance", FieldKind::kText, "", "Results", {}, true},
+       {"CONC(T=0)", FieldKind::kReal, "1.0", "Parameters", {}}}};
   return d;
 }
 
@@ -84,9 +85,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     write(path, tidemark::shell::settings_text(dialog(), read->values));
     const auto again = tidemark::shell::read_settings(path, dialog());
     check(again.has_value() && again->ignored.empty());
-    for (std::size_t i = 0; i < 5; ++i) {
+    for (std::size_t i = 0; i < dialog().fields.size(); ++i) {
+      const tidemark::ui::Field& field = dialog().fields[i];
+      if (field.read_only) continue;
       const bool same =
-          i == 1
+          field.kind == FieldKind::kReal
               ? std::abs(std::get<double>(again->values[i]) - std::get<double>(read->values[i])) <=
                     1e-4 * std::abs(std::get<double>(read->values[i]))
               : again->values[i] == read->values[i];
